@@ -1,0 +1,17 @@
+# Compiler flags that every target of the project shares.
+
+add_library(zylGeometryBuildOptions INTERFACE)
+target_compile_features(zylGeometryBuildOptions INTERFACE cxx_std_17)
+
+# A fused multiply-add or a wider register would change the rounding that the exact predicates
+# account for operation by operation.
+target_compile_options(zylGeometryBuildOptions INTERFACE -ffp-contract=off)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86|AMD64")
+  target_compile_options(zylGeometryBuildOptions INTERFACE -msse2 -mfpmath=sse)
+endif()
+
+target_compile_options(zylGeometryBuildOptions INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(ZYL_GEOMETRY_WARNINGS_AS_ERRORS)
+  target_compile_options(zylGeometryBuildOptions INTERFACE -Werror)
+endif()

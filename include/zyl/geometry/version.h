@@ -1,0 +1,11 @@
+#pragma once
+
+/// @file
+/// Version of the headers a program was compiled with, as `major.minor.patch` (semver.org).
+///
+/// The build reads the three numbers from here; they also name the shared object, whose major
+/// number changes whenever a program would have to be compiled again.
+
+#define ZYL_GEOMETRY_VERSION_MAJOR 1
+#define ZYL_GEOMETRY_VERSION_MINOR 0
+#define ZYL_GEOMETRY_VERSION_PATCH 0
