@@ -5,6 +5,8 @@
 # Sources are held to the table below by their folder; public headers by the room they belong to.
 # polyline reaches trimake through polygon.h and location.h only, and from the polygon set alone.
 
+cmake_minimum_required(VERSION 3.25)
+
 set(headers_vector coord.h direction.h)
 set(headers_matrix matrix3.h matrix4.h transformation.h)
 set(headers_primitives extent.h extent2d.h plane.h segment.h triangle.h ellipsoid.h
