@@ -1,0 +1,213 @@
+#include "zyl/geometry/segment.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+#include <type_traits>
+
+namespace {
+
+using zyl::geometry::Coord3D;
+using zyl::geometry::Direction;
+using zyl::geometry::Intersection;
+using zyl::geometry::Point3D;
+using zyl::geometry::Ray;
+using zyl::geometry::Segment;
+
+constexpr double kPi = 3.141592653589793;
+
+static_assert(std::is_trivially_copyable_v<Segment> && sizeof(Segment) == 6 * sizeof(double));
+static_assert(std::is_trivially_copyable_v<Ray> && sizeof(Ray) == 6 * sizeof(double));
+static_assert(std::is_trivially_copyable_v<Intersection>);
+
+const Coord3D kOrigin;
+
+Segment Along(double x0, double x1) { return {Coord3D(x0, 0, 0), Coord3D(x1, 0, 0)}; }
+
+struct Nearest {
+  Coord3D point;
+  double distance;
+};
+
+template <typename Target>
+Nearest NearestTo(Segment segment, const Target& target) {
+  Nearest nearest;
+  nearest.point = segment.GetNearestPoint(target, nearest.distance);
+  EXPECT_EQ(std::isnan(nearest.distance), std::isnan(segment.Distance(target)));
+  return nearest;
+}
+
+TEST(Ray, StoresAUnitDirectionUnlessItHasNoLength) {
+  const Direction up = Ray(Coord3D(1, 1, 1), Coord3D(1, 1, 5)).direction;
+  EXPECT_EQ(Coord3D(up.x, up.y, up.z), Coord3D(0, 0, 1));
+  const Direction d = Ray(Coord3D(1, 1, 1), Direction(0, 3, 4)).direction;
+  EXPECT_EQ(Coord3D(d.x, d.y, d.z), Coord3D(0, 0.6, 0.8));
+  const Direction none = Ray(Coord3D(1, 1, 1), Coord3D(1, 1, 1)).direction;
+  EXPECT_EQ(Coord3D(none.x, none.y, none.z), kOrigin);
+}
+
+TEST(Intersection, HoldsAPointAndAParameter) {
+  const Intersection hit(1, 2, 3, 4);
+  EXPECT_EQ(hit.point, Coord3D(1, 2, 3));
+  EXPECT_EQ(hit.parameter, 4);
+  EXPECT_EQ(Intersection(Coord3D(5, 6, 7), 8).parameter, 8);
+  EXPECT_EQ(Intersection().parameter, 0);
+}
+
+TEST(Segment, MeasuresItsAngleWithAnother) {
+  Segment east = Along(0, 10);
+  EXPECT_EQ(east.Length(), 10);
+  EXPECT_EQ(east.AngleBetween(Along(0, -1)), kPi);
+  EXPECT_EQ(east.AngleBetween(Segment(Point3D(0, 0, 0), Point3D(0, 5, 0))), kPi / 2);
+  EXPECT_TRUE(std::isnan(east.AngleBetween(Segment())));
+}
+
+// Dividing by the length leaves some of these unit vectors a little too long, so that their cosine
+// with the reverse of themselves falls below −1.
+TEST(Segment, AntiParallelSegmentsAreNeverOutsideTheDomainOfTheArcCosine) {
+  int beyond = 0;
+  for (int i = 1; i <= 100; ++i) {
+    const Coord3D end(i, 0.1 * i * i, 0.7);
+    Coord3D unit = end;
+    unit.Normalise();
+    beyond += unit.Dot(unit) > 1.0;
+    EXPECT_NEAR(Segment(kOrigin, end).AngleBetween(Segment(end, kOrigin)), kPi, 3e-8);
+    EXPECT_NEAR(Segment(kOrigin, end).AngleBetween(Segment(kOrigin, end)), 0, 3e-8);
+  }
+  EXPECT_GT(beyond, 5);
+}
+
+TEST(Segment, DistanceAlongGoesBeyondBothEnds) {
+  double distance;
+  double along;
+  Along(0, 10).DistanceAlong(Coord3D(5, 3, 0), distance, along);
+  EXPECT_NEAR(distance, 3, 4e-15);
+  EXPECT_NEAR(along, 5, 4e-15);
+  Along(0, 10).DistanceAlong(Coord3D(-2, 0, 0), distance, along);
+  EXPECT_NEAR(distance, 0, 1e-15);
+  EXPECT_EQ(along, -2);
+  EXPECT_EQ(Along(0, 10).ProjectPoint(Coord3D(-2, 0, 0)), Coord3D(-2, 0, 0));
+}
+
+// 1e-9 beside the line the cosine is rounded to 1: it is the angle that is measured.
+TEST(Segment, DistanceAlongLosesWhatTheAngleCannotHold) {
+  double distance;
+  double along;
+  Along(0, 10).DistanceAlong(Coord3D(1, 1e-9, 0), distance, along);
+  EXPECT_EQ(distance, 0);
+  EXPECT_EQ(along, 1);
+}
+
+TEST(Segment, NearestPointIsHeldBetweenTheEnds) {
+  const Nearest inside = NearestTo(Along(0, 10), Coord3D(5, 3, 0));
+  EXPECT_NEAR(inside.point.Distance(Coord3D(5, 0, 0)), 0, 4e-15);
+  EXPECT_NEAR(inside.distance, 3, 4e-15);
+  const Nearest after = NearestTo(Along(0, 10), Coord3D(12, 1, 0));
+  EXPECT_EQ(after.point, Coord3D(10, 0, 0));
+  EXPECT_EQ(after.distance, std::sqrt(5.0));
+  const Nearest before = NearestTo(Along(0, 10), Coord3D(-2, 0, 0));
+  EXPECT_EQ(before.point, kOrigin);
+  EXPECT_EQ(before.distance, 2);
+}
+
+TEST(Segment, TheStartItselfAndZeroLengthGiveNaN) {
+  const Nearest start = NearestTo(Along(1, 10), Coord3D(1, 0, 0));
+  EXPECT_TRUE(std::isnan(start.point.x) && std::isnan(start.distance));
+  const Nearest none = NearestTo(Segment(), Coord3D(1, 0, 0));
+  EXPECT_TRUE(std::isnan(none.point.x) && std::isnan(none.distance));
+  EXPECT_EQ(NearestTo(Along(1, 10), Coord3D(10, 0, 0)).distance, 0);
+}
+
+TEST(Segment, NearestPointToASegmentAcrossOrInLine) {
+  const Nearest across = NearestTo(Along(0, 10), Segment(Coord3D(5, -1, 1), Coord3D(5, 1, 1)));
+  EXPECT_EQ(across.point, Coord3D(5, 0, 0));
+  EXPECT_EQ(across.distance, 1);
+  const Nearest parallel = NearestTo(Along(0, 10), Segment(Coord3D(0, 2, 0), Coord3D(10, 2, 0)));
+  EXPECT_EQ(parallel.point, kOrigin);
+  EXPECT_EQ(parallel.distance, 2);
+  const Nearest inLine = NearestTo(Along(0, 10), Along(12, 15));
+  EXPECT_EQ(inLine.point, Coord3D(10, 0, 0));
+  EXPECT_EQ(inLine.distance, 2);
+}
+
+// |v|² is 9e-8 for the shorter one and 1.6e-7 for the longer.
+TEST(Segment, ThresholdsBetweenSegmentsAreAbsolute) {
+  const Coord3D above(0.5, 1, 0);
+  const Nearest shorter = NearestTo(Along(0, 1), Segment(above, Coord3D(0.5, 1 - 3e-4, 0)));
+  EXPECT_EQ(shorter.point, Coord3D(0.5, 0, 0));
+  EXPECT_EQ(shorter.distance, 1);  // to its start, although its end is nearer
+  const Nearest longer = NearestTo(Along(0, 1), Segment(above, Coord3D(0.5, 1 - 4e-4, 0)));
+  EXPECT_NEAR(longer.distance, 1 - 4e-4, 1e-15);
+}
+
+// Reference distances in long double: the foot by division, clamped; of two segments, the convex
+// distance from a point running along the one to the other, narrowed down by thirds.
+struct Wide {
+  long double x, y, z;
+  Wide(const Coord3D& c) : x(c.x), y(c.y), z(c.z) {}
+  Wide(long double x_, long double y_, long double z_) : x(x_), y(y_), z(z_) {}
+};
+
+Wide Between(const Wide& a, const Wide& b, long double t) {
+  return {a.x + t * (b.x - a.x), a.y + t * (b.y - a.y), a.z + t * (b.z - a.z)};
+}
+
+long double WideDistance(const Wide& a, const Wide& b) {
+  return std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y) +
+                   (a.z - b.z) * (a.z - b.z));
+}
+
+long double WideDistance(const Wide& p, const Segment& segment) {
+  const Wide a = segment.start;
+  const Wide b = segment.end;
+  const long double along =
+      (p.x - a.x) * (b.x - a.x) + (p.y - a.y) * (b.y - a.y) + (p.z - a.z) * (b.z - a.z);
+  const long double length = WideDistance(a, b);
+  return WideDistance(p, Between(a, b, std::clamp(along / (length * length), 0.0L, 1.0L)));
+}
+
+long double WideDistance(const Segment& one, const Segment& other) {
+  long double low = 0;
+  long double high = 1;
+  for (int i = 0; i < 120; ++i) {
+    const long double third = (high - low) / 3;
+    const bool dropHigh = WideDistance(Between(one.start, one.end, low + third), other) <
+                          WideDistance(Between(one.start, one.end, high - third), other);
+    (dropHigh ? high : low) += dropHigh ? -third : third;
+  }
+  return WideDistance(Between(one.start, one.end, low), other);
+}
+
+TEST(Segment, NearestPointsAgreeWithAWiderSearch) {
+  constexpr unsigned kSeed = 34;
+  SCOPED_TRACE(kSeed);
+  std::mt19937 random(kSeed);
+  std::uniform_int_distribution<int> tenths(-50, 50);  // coarse, so that many cases are degenerate
+  const auto point = [&] { return Coord3D(tenths(random), tenths(random), tenths(random)) * 0.1; };
+  for (int i = 0; i < 3000; ++i) {
+    Segment one(point(), point());
+    Segment other(point(), point());
+    if (i % 3 == 0) {
+      other.end = other.start + (one.end - one.start) * 0.5;  // parallel
+    }
+    const Coord3D p = point();
+    if (one.Length() < 0.5 || other.Length() < 0.5 || p == one.start) {
+      continue;
+    }
+    const Nearest toPoint = NearestTo(one, p);
+    const double beside = static_cast<double>(WideDistance(p, one));
+    ASSERT_NEAR(toPoint.distance, beside, 3e-7);  // the angle holds half of the digits
+    ASSERT_NEAR(toPoint.point.Distance(p), beside, 1e-12);
+    ASSERT_NEAR(static_cast<double>(WideDistance(toPoint.point, one)), 0, 1e-12);
+
+    const Nearest toSegment = NearestTo(one, other);
+    ASSERT_NEAR(toSegment.distance, static_cast<double>(WideDistance(one, other)), 1e-8);
+    ASSERT_NEAR(static_cast<double>(WideDistance(toSegment.point, other)), toSegment.distance,
+                1e-8);
+    ASSERT_NEAR(toSegment.distance, other.Distance(one), 1e-8);
+  }
+}
+
+}  // namespace
