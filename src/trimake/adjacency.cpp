@@ -1,0 +1,163 @@
+#include "trimake/adjacency.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+#include "trimake/parallel_sort.h"
+
+namespace zyl::geometry::internal {
+namespace {
+
+using Corners = PagedVector<const int>;
+using Neighbours = PagedVector<int>;
+
+// One edge of one triangle, under the name that it has from either side.
+struct EdgeKey {
+  int high;  // larger vertex number; -1 behind the last key, so that every run of equal keys ends
+  int low;
+  int triangle;  // 0-based
+  int edge;
+};
+
+struct Release {
+  void operator()(EdgeKey* keys) const { std::free(keys); }
+};
+
+// By descending high, then descending low. One comparison of 64 bits: most keys of a vertex differ
+// in `low` only, and a branch on `high` would not pay.
+struct DescendingKeys {
+  static std::uint64_t Whole(const EdgeKey& key) {
+    return std::uint64_t{static_cast<std::uint32_t>(key.high)} << 32 |
+           static_cast<std::uint32_t>(key.low);
+  }
+  int operator()(const EdgeKey& a, const EdgeKey& b) const {
+    return (Whole(b) > Whole(a)) - (Whole(b) < Whole(a));
+  }
+};
+
+EdgeKey KeyOf(const Corners& corners, int triangle, int edge) {
+  const std::size_t first = 3 * static_cast<std::size_t>(triangle);
+  const int a = corners[first + static_cast<std::size_t>(edge)];
+  const int b = corners[first + static_cast<std::size_t>(edge == 2 ? 0 : edge + 1)];
+  return {std::max(a, b), std::min(a, b), triangle, edge};
+}
+
+template <typename Visit>
+void ForEachKey(const Corners& corners, Visit visit) {
+  const int triangleCount = static_cast<int>(corners.Size() / 3);
+  for (int t = 0; t < triangleCount; ++t) {
+    for (int k = 0; k < 3; ++k) {
+      visit(KeyOf(corners, t, k));
+    }
+  }
+}
+
+// A key's bucket: all keys of an edge share one, and buckets are in the order of the keys. With
+// shift 0 it is the larger vertex, and in a mesh of vertices all in use it always is 0.
+struct Bucket {
+  int shift;
+  std::size_t operator()(const EdgeKey& key) const {
+    return static_cast<std::size_t>(key.high >> shift);
+  }
+};
+
+Bucket ChooseBuckets(int largest, std::size_t room) {
+  int shift = 0;
+  while (static_cast<std::size_t>(largest >> shift) >= room) {
+    ++shift;
+  }
+  return {shift};
+}
+
+// Writes the keys bucket after bucket, the highest first (a counting sort): triangles come in the
+// order of their lowest vertex, so that this stays close to sequential access, and a bucket is left
+// with a handful of keys. `scratch` counts the keys of each bucket, then says where the next goes.
+void FillBuckets(const Corners& corners, Bucket bucketOf, std::size_t bucketCount,
+                 const Neighbours& scratch, EdgeKey* keys) {
+  for (std::size_t b = 0; b < bucketCount; ++b) {
+    scratch[b] = 0;
+  }
+  ForEachKey(corners, [&](const EdgeKey& key) { ++scratch[bucketOf(key)]; });
+  int next = 0;
+  for (std::size_t b = bucketCount; b-- > 0;) {
+    const int count = scratch[b];
+    scratch[b] = next;
+    next += count;
+  }
+  ForEachKey(corners, [&](const EdgeKey& key) { keys[scratch[bucketOf(key)]++] = key; });
+}
+
+int& EntryOf(const EdgeKey& key, const Neighbours& neighbours) {
+  return neighbours[3 * static_cast<std::size_t>(key.triangle) +
+                    static_cast<std::size_t>(key.edge)];
+}
+
+// Pairs the triangles that each run of equal keys names. Returns whether a run is longer than two.
+bool LinkRuns(const EdgeKey* first, const EdgeKey* end, const Neighbours& neighbours) {
+  const DescendingKeys compare;
+  bool crowded = false;
+  while (first != end) {
+    const EdgeKey* behind = first + 1;
+    while (compare(*behind, *first) == 0) {
+      ++behind;
+    }
+    if (behind - first == 2) {
+      EntryOf(first[0], neighbours) = first[1].triangle + 1;
+      EntryOf(first[1], neighbours) = first[0].triangle + 1;
+      first = behind;
+      continue;
+    }
+    crowded = crowded || behind - first > 2;
+    for (; first != behind; ++first) {
+      EntryOf(*first, neighbours) = 0;
+    }
+  }
+  return crowded;
+}
+
+std::unique_ptr<EdgeKey[], Release> AllocateKeys(int triangleCount) {
+  if (triangleCount < 1 || triangleCount > INT_MAX / 3) {
+    return nullptr;
+  }
+  const std::size_t count = 3 * static_cast<std::size_t>(triangleCount) + 1;
+  if (count > SIZE_MAX / sizeof(EdgeKey)) {
+    return nullptr;
+  }
+  return std::unique_ptr<EdgeKey[], Release>(
+      static_cast<EdgeKey*>(std::malloc(count * sizeof(EdgeKey))));
+}
+
+}  // namespace
+
+int tri_Build_Adjacency(int triangleCount, const int* triangles, int* neighbours) {
+  const std::unique_ptr<EdgeKey[], Release> keys = AllocateKeys(triangleCount);
+  if (keys == nullptr) {
+    return 0;
+  }
+  const std::size_t count = 3 * static_cast<std::size_t>(triangleCount);
+  const Corners corners(triangles, count);
+  const Neighbours across(neighbours, count);
+
+  const int largest = *std::max_element(triangles, triangles + count);
+  const Bucket bucketOf = ChooseBuckets(largest, count);
+  const std::size_t bucketCount = static_cast<std::size_t>(largest >> bucketOf.shift) + 1;
+  FillBuckets(corners, bucketOf, bucketCount, across, keys.get());
+  EdgeKey* const end = keys.get() + count;
+  end->high = -1;
+  end->low = -1;
+
+  bool crowded = false;
+  for (EdgeKey *bucket = keys.get(), *behind = bucket; bucket != end; bucket = behind) {
+    do {
+      ++behind;
+    } while (behind != end && bucketOf(*behind) == bucketOf(*bucket));
+    tri_Parallel_Sort(bucket, static_cast<std::size_t>(behind - bucket), DescendingKeys());
+    crowded = LinkRuns(bucket, behind, across) || crowded;
+  }
+  return crowded ? -largest : largest;
+}
+
+}  // namespace zyl::geometry::internal
