@@ -1,0 +1,65 @@
+#include "predicates/expansion.h"
+
+namespace zyl::geometry::internal {
+namespace {
+
+// Whether e comes before f in order of magnitude. A tie is settled by the sign of f; with NaN, e
+// comes first.
+bool ComesFirst(double e, double f) { return (f > e) == (f > -e); }
+
+}  // namespace
+
+// Merges the two by magnitude and adds the numbers up from the smallest (Figure 13).
+int fast_expansion_sum_zeroelim(int elen, const double* e, int flen, const double* f, double* h) {
+  int i = 0;
+  int j = 0;
+  int length = 0;
+  double Q = 0.0;
+  const auto add = [&](double next) {
+    const Two sum = two_sum(Q, next);
+    Q = sum.high;
+    h[length] = sum.low;
+    length += sum.low != 0.0;
+  };
+
+  while (i < elen && j < flen) {
+    add(ComesFirst(e[i], f[j]) ? e[i++] : f[j++]);
+  }
+  while (i < elen) {
+    add(e[i++]);
+  }
+  while (j < flen) {
+    add(f[j++]);
+  }
+  if (Q != 0.0 || length == 0) {
+    h[length++] = Q;
+  }
+  return length;
+}
+
+// Figure 17.
+int scale_expansion_zeroelim(int elen, const double* e, const Factor& b, double* h) {
+  int length = 0;
+  const auto append = [&](double next) {
+    h[length] = next;
+    length += next != 0.0;
+  };
+
+  const Two first = two_product(e[0], b);
+  double Q = first.high;
+  append(first.low);
+  for (int i = 1; i < elen; ++i) {
+    const Two product = two_product(e[i], b);
+    const Two low = two_sum(Q, product.low);
+    append(low.low);
+    const Two high = fast_two_sum(product.high, low.high);
+    append(high.low);
+    Q = high.high;
+  }
+  if (Q != 0.0 || length == 0) {
+    h[length++] = Q;
+  }
+  return length;
+}
+
+}  // namespace zyl::geometry::internal
