@@ -1,0 +1,171 @@
+#include "zyl/geometry/extent.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <type_traits>
+
+#include "zyl/geometry/polyline3d.h"
+#include "zyl/geometry/segment.h"
+
+namespace {
+
+using zyl::geometry::Bounds3D;
+using zyl::geometry::Coord3D;
+using zyl::geometry::Extent;
+using zyl::geometry::Point3D;
+using zyl::geometry::Polyline3D;
+using zyl::geometry::Segment;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+TEST(Extent, IsSixDoublesThatMayBeCopiedAsBytes) {
+  static_assert(std::is_trivially_copyable_v<Extent> && std::is_standard_layout_v<Extent>);
+  static_assert(sizeof(Extent) == 6 * sizeof(double) && sizeof(Bounds3D) == sizeof(Extent));
+  static_assert(sizeof(Extent_type_s) == 7 * sizeof(double));
+  const Extent expected(1, 2, 3, 4, 5, 6);
+  const Bounds3D bounds{{1, 2, 3}, {4, 5, 6}};
+  EXPECT_EQ(Extent(bounds), expected);
+  const Extent_type_s record{1, 2, 3, 99, 4, 5, 6};
+  EXPECT_EQ(Extent(record), expected);
+  EXPECT_EQ(Extent(), Extent(0, 0, 0, 0, 0, 0));
+}
+
+TEST(Extent, EqualityComparesAllSixNumbersExactly) {
+  const Extent box(1, 2, 3, 4, 5, 6);
+  for (int i = 0; i < 6; ++i) {
+    Extent other = box;
+    double& changed = i < 3 ? other.min[i] : other.max[i - 3];
+    changed = std::nextafter(changed, 10.0);
+    EXPECT_TRUE(box != other) << i;
+    changed = kNaN;
+    EXPECT_FALSE(other == other) << i;
+  }
+}
+
+TEST(Extent, BoundsThreePointsInAnyOrder) {
+  Coord3D p[3] = {{1, 8, 3}, {4, 2, 9}, {7, 5, 6}};
+  for (int i = 0; i < 6; ++i) {
+    EXPECT_EQ(Extent(p[0], p[1], p[2]), Extent(1, 2, 3, 7, 8, 9));
+    std::swap(p[i % 2], p[i % 2 + 1]);
+  }
+  EXPECT_EQ(Extent(p[2], p[0]), Extent(p[2].x, p[2].y, p[2].z, p[0].x, p[0].y, p[0].z));
+}
+
+TEST(Extent, IsValidIfOneSideIsLongEnough) {
+  EXPECT_TRUE(Extent(0, 0, 0, 10, 10, 0).IsValid());
+  EXPECT_TRUE(Extent(0, 0, 0, 0, 0, 1e-5).IsValid());
+  EXPECT_TRUE(Extent(0, 1, 0, 0, 0, 0).IsValid());  // inverted
+  EXPECT_FALSE(Extent(0, 0, 0, 1e-6, 1e-6, 1e-6).IsValid());
+}
+
+TEST(Extent, MeasuresAndResizesItself) {
+  Extent box(1, 2, 3, 3, 6, 9);
+  EXPECT_EQ(box.Sides(), Coord3D(2, 4, 6));
+  EXPECT_EQ(box.Centroid(), Coord3D(2, 4, 6));
+  EXPECT_EQ(box.GetVolume(), 48);
+  EXPECT_EQ(Extent(3, 2, 3, 1, 6, 9).GetVolume(), -48);
+  box.ExpandKeepingAspect(0.5);
+  EXPECT_EQ(box, Extent(0.5, 1, 1.5, 3.5, 7, 10.5));
+  box.Expand(-0.5);
+  EXPECT_EQ(box, Extent(1, 1.5, 2, 3, 6.5, 10));
+  box.Union(Extent(2, 0, 2, 9, 1, kNaN));
+  EXPECT_EQ(box, Extent(1, 0, 2, 9, 6.5, 10));
+}
+
+TEST(Extent, DocumentedExample) {
+  const Extent site(Coord3D(0, 0, 0), Coord3D(4, 3, 2));
+  EXPECT_TRUE(site.IsInside(Coord3D(4, 1, 1)));
+  EXPECT_EQ(site.Distance(Coord3D(7, 7, 1)), 5);
+}
+
+TEST(Extent, DistanceToAPointIsThatToTheNearestFaceEdgeOrCorner) {
+  const Extent box(0, 0, 0, 4, 6, 8);
+  EXPECT_EQ(box.Distance(Coord3D(2, 2, 2)), 0);
+  EXPECT_EQ(box.Distance(Coord3D(4, 6, 8)), 0);
+  EXPECT_EQ(box.Distance(Coord3D(2, 2, -7)), 7);
+  EXPECT_EQ(box.Distance(Coord3D(-3, -4, 2)), 5);
+  EXPECT_EQ(box.Distance(Coord3D(6, 9, 14)), 7);
+  EXPECT_TRUE(std::isnan(box.Distance(Coord3D(kNaN, 0, 0))));
+}
+
+// Every edge of the box is the nearest one to a segment that runs beside it, outside of both
+// faces; the end points are a good deal farther.
+TEST(Extent, DistanceToASegmentIsThatToTheNearestEdge) {
+  const Extent box(0, 0, 0, 10, 10, 10);
+  for (int along = 0; along < 3; ++along) {
+    for (int side = 0; side < 4; ++side) {
+      const int u = (along + 1) % 3;
+      const int v = (along + 2) % 3;
+      const double outwardsU = side % 2 == 0 ? -1 : 1;
+      const double outwardsV = side / 2 == 0 ? -1 : 1;
+      Coord3D nearest(5, 5, 5);
+      nearest[u] += outwardsU * (5 + 3);
+      nearest[v] += outwardsV * (5 + 4);
+      Coord3D sideways;  // perpendicular to the shortest way (3, 4) from the edge
+      sideways[u] = outwardsU * 4;
+      sideways[v] = outwardsV * -3;
+      const Segment beside(nearest + sideways * 2, nearest - sideways * 2);
+      EXPECT_NEAR(box.Distance(beside), 5, 1e-12) << along << ", " << side;
+    }
+  }
+}
+
+TEST(Extent, DistanceToASegmentSeesEdgesAndEndsOnly) {
+  const Extent box(0, 0, 0, 10, 10, 10);
+  // Pierces two faces in their middles: 5 from the nearest edges.
+  EXPECT_NEAR(box.Distance(Segment(Coord3D(5, 5, -20), Coord3D(5, 5, 20))), 5, 1e-12);
+  EXPECT_EQ(box.Distance(Segment(Coord3D(5, 5, 5), Coord3D(5, 5, 20))), 0);
+  EXPECT_EQ(box.Distance(Segment(Coord3D(5, 5, 12), Coord3D(5, 5, 20))), 2);
+  EXPECT_TRUE(std::isnan(box.Distance(Segment(Coord3D(kNaN, 0, 0), Coord3D(kNaN, 1, 1)))));
+}
+
+TEST(Extent, ListsItsCornersRoundTheBottomAndThenRoundTheTop) {
+  const std::vector<Coord3D> corners = Extent(1, 2, 3, 4, 5, 6).GetCornerPoints();
+  const std::vector<Coord3D> expected = {{1, 2, 3}, {4, 2, 3}, {4, 5, 3}, {1, 5, 3},
+                                         {1, 2, 6}, {4, 2, 6}, {4, 5, 6}, {1, 5, 6}};
+  EXPECT_EQ(corners, expected);
+}
+
+TEST(Extent, SplitsIntoOctants) {
+  const std::vector<Extent> octants = Extent(0, 0, 0, 2, 4, 6).GetOctants();
+  const std::vector<Extent> expected = {{1, 2, 3, 2, 4, 6}, {1, 0, 3, 2, 2, 6}, {0, 0, 3, 1, 2, 6},
+                                        {0, 2, 3, 1, 4, 6}, {1, 2, 0, 2, 4, 3}, {1, 0, 0, 2, 2, 3},
+                                        {0, 0, 0, 1, 2, 3}, {0, 2, 0, 1, 4, 3}};
+  EXPECT_EQ(octants, expected);
+}
+
+TEST(Extent, AppendsItsTopAndBottomToPolylines) {
+  Polyline3D top;
+  Polyline3D bottom;
+  top.Add(9, 9, 9);
+  Extent(1, 2, 3, 4, 5, 6).GetTopBottomPolygons(top, bottom);
+  EXPECT_EQ(bottom.PrintDebug(), "Closed 1:2:3, 4:2:3, 4:5:3, 1:5:3, ");
+  EXPECT_EQ(top.PrintDebug(), "Closed 9:9:9, 1:2:6, 4:2:6, 4:5:6, 1:5:6, ");
+}
+
+TEST(FindPointsExtent, IsTheSmallestBoxRoundThePoints) {
+  EXPECT_EQ(FindPointsExtent({}), Extent());
+  EXPECT_EQ(FindPointsExtent({{5, -6, 7}}), Extent(5, -6, 7, 5, -6, 7));
+  std::mt19937_64 random(20);
+  std::uniform_real_distribution<double> coordinate(10, 20);
+  std::vector<Point3D> points(100);
+  std::vector<double> values[3];
+  for (Point3D& p : points) {
+    p = {coordinate(random), coordinate(random), coordinate(random)};
+    values[0].push_back(p.x);
+    values[1].push_back(p.y);
+    values[2].push_back(p.z);
+  }
+  for (std::vector<double>& v : values) {
+    std::sort(v.begin(), v.end());
+  }
+  EXPECT_EQ(FindPointsExtent(points),
+            Extent(values[0].front(), values[1].front(), values[2].front(), values[0].back(),
+                   values[1].back(), values[2].back()));
+}
+
+}  // namespace
