@@ -17,23 +17,28 @@ class Matrix3;
 class Matrix4;
 class Plane;
 
+/// @addtogroup vectors
+/// @{
+
 /// Planar coordinate, as Matrix3 and Extent2D use it.
 struct Coord2D {
-  double x = 0.0;
-  double y = 0.0;
+  double x = 0.0;  ///< To the right, or east.
+  double y = 0.0;  ///< Up the sheet, or north.
 
   constexpr Coord2D() = default;
+  /// The components as passed.
   constexpr Coord2D(double x_, double y_) : x(x_), y(y_) {}
 };
 
 /// One row or column of a Matrix4.
 struct Coord4D {
-  double x = 0.0;
-  double y = 0.0;
-  double z = 0.0;
-  double w = 0.0;
+  double x = 0.0;  ///< Element 0.
+  double y = 0.0;  ///< Element 1.
+  double z = 0.0;  ///< Element 2.
+  double w = 0.0;  ///< Element 3.
 
   constexpr Coord4D() = default;
+  /// The elements as passed.
   constexpr Coord4D(double x_, double y_, double z_, double w_) : x(x_), y(y_), z(z_), w(w_) {}
 };
 
@@ -42,12 +47,14 @@ struct Coord3D;
 /// Element of a point sequence such as a Polyline3D: the same three doubles as a Coord3D, into
 /// which it converts silently.
 struct Point3D {
-  double x = 0.0;
-  double y = 0.0;
-  double z = 0.0;
+  double x = 0.0;  ///< East.
+  double y = 0.0;  ///< North.
+  double z = 0.0;  ///< Up.
 
   constexpr Point3D() = default;
+  /// The components as passed.
   constexpr Point3D(double x_, double y_, double z_) : x(x_), y(y_), z(z_) {}
+  /// The same three doubles; only this way round does the conversion have to be spelt out.
   constexpr explicit Point3D(const Coord3D& c);
 };
 
@@ -55,6 +62,7 @@ struct Point3D {
 constexpr bool operator==(const Point3D& a, const Point3D& b) {
   return a.x == b.x && a.y == b.y && a.z == b.z;
 }
+/// Negation of ==, hence true where a NaN is compared.
 constexpr bool operator!=(const Point3D& a, const Point3D& b) { return !(a == b); }
 
 /// Point or vector in space.
@@ -67,17 +75,21 @@ constexpr bool operator!=(const Point3D& a, const Point3D& b) { return !(a == b)
 ///     step.Cross(Coord3D(0, 0, 1));       // (4, -3, 0)
 ///     Coord3D(5, 0, 1) < Coord3D(0, 0, 2);  // true: z decides first
 struct ZYL_GEOMETRY_API Coord3D {
-  double x = 0.0;
-  double y = 0.0;
-  double z = 0.0;
+  double x = 0.0;  ///< East.
+  double y = 0.0;  ///< North.
+  double z = 0.0;  ///< Up.
 
   constexpr Coord3D() = default;
+  /// The components as passed.
   constexpr Coord3D(double x_, double y_, double z_) : x(x_), y(y_), z(z_) {}
   /// Reads p[0], p[1] and p[2].
   constexpr Coord3D(double* const p) : x(p[0]), y(p[1]), z(p[2]) {}
+  /// The same three doubles.
   constexpr Coord3D(const Coord3D&) = default;
+  /// The same three doubles.
   constexpr Coord3D(const Point3D& p) : x(p.x), y(p.y), z(p.z) {}
 
+  /// The same three doubles.
   Coord3D& operator=(const Coord3D&) = default;
   /// Sets all three components to v.
   const Coord3D& operator=(double v) {
@@ -87,13 +99,19 @@ struct ZYL_GEOMETRY_API Coord3D {
     return *this;
   }
 
+  /// Scalar product.
   double Dot(const Coord3D& b) const { return x * b.x + y * b.y + z * b.z; }
+  /// Vector product this × b, right-handed; zero for parallel vectors.
   Coord3D Cross(const Coord3D& b) const {
     return {y * b.z - z * b.y, z * b.x - x * b.z, x * b.y - y * b.x};
   }
+  /// Length. The squares underflow to 0 below about 1e-162 and overflow beyond 1e154.
   double Magnitude() const { return std::sqrt(MagnitudeSquared()); }
+  /// Length without the root: enough to compare lengths, and cheaper.
   double MagnitudeSquared() const { return x * x + y * y + z * z; }
+  /// Length of the difference; under- and overflow as in Magnitude.
   double Distance(const Coord3D& b) const { return std::sqrt(SquaredDistance(b)); }
+  /// Distance without the root: enough to compare distances, and cheaper.
   double SquaredDistance(const Coord3D& b) const {
     const double dx = b.x - x;
     const double dy = b.y - y;
@@ -146,9 +164,14 @@ struct ZYL_GEOMETRY_API Coord3D {
 
   /// Component 0, 1 or 2; the index is not checked.
   double& operator[](int i) { return i == 0 ? x : i == 1 ? y : z; }
+  /// Component 0, 1 or 2 by value; the index is not checked.
   double operator[](int i) const { return i == 0 ? x : i == 1 ? y : z; }
 
-  /// Component-wise product.
+  /// @name Arithmetic
+  /// @{
+
+  /// Component by component, the product of two vectors included; for the scalar product see Dot.
+  /// The compound forms give a reference that cannot be written through.
   const Coord3D operator*(const Coord3D& b) const { return {x * b.x, y * b.y, z * b.z}; }
   const Coord3D operator*(double s) const { return {x * s, y * s, z * s}; }
   const Coord3D operator+(const Coord3D& b) const { return {x + b.x, y + b.y, z + b.z}; }
@@ -173,9 +196,11 @@ struct ZYL_GEOMETRY_API Coord3D {
     z -= b.z;
     return *this;
   }
+  /// @}
 
   /// Exact, without tolerance; NaN equals nothing, not even itself.
   bool operator==(const Coord3D& b) const { return x == b.x && y == b.y && z == b.z; }
+  /// Negation of ==, hence true where a NaN is compared.
   bool operator!=(const Coord3D& b) const { return !(*this == b); }
 
   /// Strict order by z, then y, then x: what a sorted container of coordinates uses. A NaN on the
@@ -192,5 +217,7 @@ struct ZYL_GEOMETRY_API Coord3D {
 };
 
 constexpr Point3D::Point3D(const Coord3D& c) : x(c.x), y(c.y), z(c.z) {}
+
+/// @}
 
 }  // namespace zyl::geometry

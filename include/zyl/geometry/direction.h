@@ -10,32 +10,45 @@
 
 namespace zyl::geometry {
 
+/// @addtogroup vectors
+/// @{
+
 /// Direction vector. Only Normalize brings it to unit length; constructors and operators keep the
 /// length they are given.
 ///
 ///     Direction dip(Coord3D(1, 1, 1), Coord3D(1, 1, 5));  // (0, 0, 4): the second minus the first
 ///     dip.Normalize();                                    // (0, 0, 1)
 struct ZYL_GEOMETRY_API Direction {
-  double x = 0.0;
-  double y = 0.0;
-  double z = 0.0;
+  double x = 0.0;  ///< East.
+  double y = 0.0;  ///< North.
+  double z = 0.0;  ///< Up.
 
   constexpr Direction() = default;
+  /// The components as passed.
   constexpr Direction(double x_, double y_, double z_) : x(x_), y(y_), z(z_) {}
   /// From one point to another: to − from, not normalised.
   Direction(const Coord3D& from, const Coord3D& to)
       : x(to.x - from.x), y(to.y - from.y), z(to.z - from.z) {}
+  /// The same three doubles.
   constexpr Direction(const Coord3D& c) : x(c.x), y(c.y), z(c.z) {}
+  /// The same three doubles.
   constexpr Direction(const Direction&) = default;
 
+  /// The same three doubles.
   Direction& operator=(const Direction&) = default;
 
+  /// The field x.
   double GetXDirection() { return x; }
+  /// The field y.
   double GetYDirection() { return y; }
+  /// The field z.
   double GetZDirection() { return z; }
 
+  /// Scalar product.
   double Dot(const Direction& b) const { return x * b.x + y * b.y + z * b.z; }
+  /// Scalar product.
   double Dot(const Coord3D& b) const { return x * b.x + y * b.y + z * b.z; }
+  /// Vector product this × b, right-handed and not normalised.
   Direction Cross(const Direction& b) const {
     return {y * b.z - z * b.y, z * b.x - x * b.z, x * b.y - y * b.x};
   }
@@ -61,6 +74,11 @@ struct ZYL_GEOMETRY_API Direction {
   /// Component 0, 1 or 2 by value; the index is not checked.
   double operator[](int i) { return i == 0 ? x : i == 1 ? y : z; }
 
+  /// @name Arithmetic
+  /// @{
+
+  /// Component by component, not normalised; a division by 0 gives infinities and NaN. The compound
+  /// forms give a reference that cannot be written through.
   const Direction operator*(double s) const { return {x * s, y * s, z * s}; }
   const Direction operator+(const Direction& b) const { return {x + b.x, y + b.y, z + b.z}; }
   const Direction operator-(const Direction& b) const { return {x - b.x, y - b.y, z - b.z}; }
@@ -91,6 +109,9 @@ struct ZYL_GEOMETRY_API Direction {
     z -= b.z;
     return *this;
   }
+  /// @}
 };
+
+/// @}
 
 }  // namespace zyl::geometry

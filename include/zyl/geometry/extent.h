@@ -11,22 +11,35 @@
 #include "zyl/geometry/coord.h"
 #include "zyl/geometry/export.h"
 
+/// @addtogroup boxes
+/// @{
+
 /// Box as the procedural interface passes it: the lower corner as four doubles, of which the fourth
 /// is never read, then the upper corner.
 struct Extent_type_s {
+  /// @name Corners
+  /// @{
+
+  /// In this order; nothing keeps min ≤ max.
   double minX, minY, minZ, reserved;
   double maxX, maxY, maxZ;
+  /// @}
 };
+
+/// @}
 
 namespace zyl::geometry {
 
 class Polyline3D;
 struct Segment;
 
+/// @addtogroup boxes
+/// @{
+
 /// Two corners and nothing else; what other records of bounds are converted through.
 struct Bounds3D {
-  Coord3D min;
-  Coord3D max;
+  Coord3D min;  ///< Lower corner.
+  Coord3D max;  ///< Upper corner.
 };
 
 /// Axis-aligned box, given by its lower and its upper corner.
@@ -39,9 +52,10 @@ struct Bounds3D {
 ///     site.IsInside(Coord3D(4, 1, 1));  // true: the boundary belongs to it
 ///     site.Distance(Coord3D(7, 7, 1));  // 5
 struct ZYL_GEOMETRY_API Extent {
-  Coord3D min;
-  Coord3D max;
+  Coord3D min;  ///< Lower corner.
+  Coord3D max;  ///< Upper corner.
 
+  /// All six values 0.
   Extent() = default;
   /// Box of one point.
   Extent(const Coord3D& p) : min(p), max(p) {}
@@ -49,9 +63,12 @@ struct ZYL_GEOMETRY_API Extent {
   Extent(const Coord3D& lower, const Coord3D& upper) : min(lower), max(upper) {}
   /// Bounding box of three points. A NaN coordinate counts only if it is that of `a`.
   Extent(const Coord3D& a, const Coord3D& b, const Coord3D& c);
+  /// From the lower corner to the upper; not sorted.
   Extent(double minX, double minY, double minZ, double maxX, double maxY, double maxZ)
       : min(minX, minY, minZ), max(maxX, maxY, maxZ) {}
+  /// The two corners as they are.
   Extent(const Bounds3D& bounds) : min(bounds.min), max(bounds.max) {}
+  /// The two corners as they are.
   Extent(const Extent_type_s& record)
       : min(record.minX, record.minY, record.minZ), max(record.maxX, record.maxY, record.maxZ) {}
 
@@ -75,7 +92,9 @@ struct ZYL_GEOMETRY_API Extent {
   /// length on every axis. `out` may be one of the two boxes.
   bool GetIntersection(const Extent& o, Extent& out) const;
 
+  /// Lengths along x, y and z, negative where the box is inverted.
   Coord3D Sides() const { return max - min; }
+  /// Midpoint of the two corners.
   Coord3D Centroid() const { return (max + min) * 0.5; }
   /// Product of the sides: negative if one or all three are inverted.
   double GetVolume() const { return (max.y - min.y) * (max.x - min.x) * (max.z - min.z); }
@@ -117,11 +136,15 @@ struct ZYL_GEOMETRY_API Extent {
 
   /// Exact, without tolerance; a NaN makes it false.
   bool operator==(const Extent& o) const { return min == o.min && max == o.max; }
+  /// Negation of ==, hence true where a NaN is compared.
   bool operator!=(const Extent& o) const { return !(*this == o); }
 };
 
+/// @}
+
 }  // namespace zyl::geometry
 
+/// @ingroup boxes
 /// Bounding box of the points; all zero if there are none. A NaN coordinate counts only if it is
 /// that of the first point.
 ZYL_GEOMETRY_API zyl::geometry::Extent FindPointsExtent(

@@ -13,8 +13,15 @@ namespace zyl::geometry {
 
 struct Direction;
 
+/// @addtogroup polygons
+/// @{
+
 /// Which coordinate Polyline3D::GetAsArray reads. Callers pass the numbers; do not renumber.
-enum CoordinateType : int { COORDINATE_X = 0, COORDINATE_Y = 1, COORDINATE_Z = 2 };
+enum CoordinateType : int {
+  COORDINATE_X = 0,  ///< East.
+  COORDINATE_Y = 1,  ///< North.
+  COORDINATE_Z = 2   ///< Up.
+};
 
 /// Points in order, with a name, a colour and a flag that says whether the last joins the first.
 ///
@@ -30,8 +37,11 @@ enum CoordinateType : int { COORDINATE_X = 0, COORDINATE_Y = 1, COORDINATE_Z = 2
 ///     lease.IsPointInside(Point3D(1, 2, 5));   // false
 class ZYL_GEOMETRY_API Polyline3D {
  public:
+  /// Open, without points and without a name.
   Polyline3D() = default;
+  /// Name, colour, closed flag and points as they are; a point list is not looked at again.
   Polyline3D(const Polyline3D& other) = default;
+  /// Leaves `other` valid, with unspecified contents.
   Polyline3D(Polyline3D&& other) noexcept = default;
   /// Polyline of the given points, closed if the last one exactly repeats the first.
   Polyline3D(const std::vector<Point3D>& points);
@@ -41,27 +51,36 @@ class ZYL_GEOMETRY_API Polyline3D {
   Polyline3D(unsigned int count, const Point3D* const points);
   ~Polyline3D() = default;
 
+  /// Full copy; if memory runs out, this polyline stays as it was.
   Polyline3D& operator=(const Polyline3D& other);
+  /// Leaves `other` valid, with unspecified contents.
   Polyline3D& operator=(Polyline3D&& other) noexcept = default;
 
   /// Number of stored points; the implied end of a closed polyline does not count.
   unsigned int Size() const { return static_cast<unsigned int>(points_.size()); }
+  /// The stored point i; the index is not checked. Edits leave the closed flag alone.
   Point3D& operator[](unsigned int i) { return points_[i]; }
+  /// The stored point i; the index is not checked.
   const Point3D& operator[](unsigned int i) const { return points_[i]; }
   /// The stored points themselves. Edits through the reference leave the closed flag alone.
   std::vector<Point3D>& GetPointVector() { return points_; }
+  /// The stored points themselves.
   const std::vector<Point3D>& GetPointVector() const { return points_; }
 
+  /// Whether the last point joins the first. Says nothing of whether they are equal.
   bool IsClosed() const { return closed_; }
   /// Caller's colour code, which the library never interprets.
   int GetColour() { return colour_; }
+  /// Caller's colour code, which the library never interprets.
   int GetColour() const { return colour_; }
   /// Copy of the name; a const polyline gives a reference to it.
   std::string GetName() { return name_; }
+  /// The stored name.
   const std::string& GetName() const { return name_; }
   /// The integer that the name begins with, after white space and an optional sign. 0 if there is
   /// none or it does not fit an int.
   int GetNameAsInt();
+  /// The integer that the name begins with, or 0, as above.
   int GetNameAsInt() const;
 
   /// Appends one coordinate of every point to `out`. A type other than 0, 1 and 2 appends nothing.
@@ -80,6 +99,7 @@ class ZYL_GEOMETRY_API Polyline3D {
   /// points, or all on one line), if a coordinate is NaN, and if memory runs out; nothing is
   /// thrown. O(n log n), as every call triangulates anew. Any number of threads may ask at once.
   bool IsPointInside(const Point3D& p) const;
+  /// The same of the point (x, y, z).
   bool IsPointInside(const double& x, const double& y, const double& z) const;
 
   /// Unit normal of the best-fit plane, its component of largest magnitude positive, whichever way
@@ -101,20 +121,26 @@ class ZYL_GEOMETRY_API Polyline3D {
   /// nothing is on an edge. A negative tolerance stands for 0.01 in x-y.
   bool IsPointOnEdge(const Point3D& p, bool inXY, double tolerance) const;
 
-  /// Neither form of Add sets the closed flag, even if the point repeats the first.
+  /// Appends (x, y, z). The closed flag is not set, even if the point repeats the first.
   void Add(const double& x, const double& y, const double& z);
+  /// Appends p, likewise without a look at the first point.
   void Add(const Point3D& p);
   /// Removes all points and nothing else.
   void Clear() { points_.clear(); }
   /// Keeps the first n points, or appends points of no particular coordinates up to n of them.
   /// Resize(0) changes nothing: Clear empties a polyline.
   void Resize(unsigned int n);
+  /// Turns the order of the points round; the closed flag stays.
   void Reverse();
   /// Sets coordinate 0 (x), 1 (y) or 2 (z) of every point; another number changes nothing.
   void Set(const double& value, const int& coordinate);
+  /// Adds `offset` to every point.
   void Translate(const Point3D& offset);
+  /// Sets the flag alone: no point is added or removed.
   void SetClosed(bool closed) { closed_ = closed; }
+  /// Sets the colour code, any integer.
   void SetColour(const int& colour) { colour_ = colour; }
+  /// Replaces the name; if memory runs out, the old one stays.
   void SetName(const std::string& name) { name_ = name; }
   /// Makes the decimal digits of `value` the name, with a leading '-' if it is negative.
   void SetNameAsInt(const int& value);
@@ -123,6 +149,7 @@ class ZYL_GEOMETRY_API Polyline3D {
 
   /// Exact equality of name, colour, closed flag and every coordinate; a NaN equals nothing.
   bool operator==(const Polyline3D& other) const;
+  /// Negation of ==, hence true where a NaN is compared.
   bool operator!=(const Polyline3D& other) const { return !(*this == other); }
 
  protected:
@@ -136,5 +163,7 @@ class ZYL_GEOMETRY_API Polyline3D {
   bool closed_ = false;
   std::vector<Point3D> points_;
 };
+
+/// @}
 
 }  // namespace zyl::geometry

@@ -12,6 +12,9 @@
 
 namespace zyl::geometry {
 
+/// @addtogroup primitives
+/// @{
+
 /// Straight line from `start` to `end`.
 ///
 /// Queries other than Length are non-const members, though they change nothing.
@@ -22,13 +25,16 @@ namespace zyl::geometry {
 ///     double distance;
 ///     pipe.GetNearestPoint(Coord3D(12, 1, 0), distance);  // (10, 0, 0) at a distance of sqrt(5)
 struct ZYL_GEOMETRY_API Segment {
-  Coord3D start;
-  Coord3D end;
+  Coord3D start;  ///< Distances along the segment are counted from here.
+  Coord3D end;    ///< May equal `start`.
 
   Segment() = default;
+  /// The ends as passed.
   Segment(const Coord3D& start_, const Coord3D& end_) : start(start_), end(end_) {}
+  /// The ends as passed.
   Segment(const Point3D& start_, const Point3D& end_) : start(start_), end(end_) {}
 
+  /// Distance of the ends from each other.
   double Length() const { return start.Distance(end); }
 
   /// Angle between the directions of the two segments in radians, 0 to π. NaN if either has zero
@@ -61,6 +67,7 @@ struct ZYL_GEOMETRY_API Segment {
 
   /// The distance that GetNearestPoint gives.
   double Distance(const Coord3D& p);
+  /// The distance that GetNearestPoint gives.
   double Distance(const Segment& other);
 };
 
@@ -69,14 +76,15 @@ struct ZYL_GEOMETRY_API Segment {
 ///
 ///     Ray(Coord3D(1, 1, 1), Coord3D(1, 1, 5)).direction;  // (0, 0, 1)
 struct ZYL_GEOMETRY_API Ray {
-  Coord3D origin;
-  Direction direction;
+  Coord3D origin;       ///< Where the parameter is 0.
+  Direction direction;  ///< Of unit length, or zero.
 
   Ray() = default;
   /// From the point `from` towards the point `through`.
   Ray(const Coord3D& from, const Coord3D& through) : origin(from), direction(from, through) {
     direction.Normalize();
   }
+  /// From the point `from` along a direction of any length.
   Ray(const Coord3D& from, const Direction& along) : origin(from), direction(along) {
     direction.Normalize();
   }
@@ -85,13 +93,17 @@ struct ZYL_GEOMETRY_API Ray {
 /// Where something was met: the point, and the parameter of it along the ray or segment, as the
 /// function that fills the record defines it.
 struct ZYL_GEOMETRY_API Intersection {
-  Coord3D point;
-  double parameter = 0.0;
+  Coord3D point;           ///< Where they meet.
+  double parameter = 0.0;  ///< In units of length where a ray or a segment meets a plane.
 
   Intersection() = default;
+  /// The values as passed.
   Intersection(const Coord3D& point_, double parameter_) : point(point_), parameter(parameter_) {}
+  /// The values as passed.
   Intersection(double x, double y, double z, double parameter_)
       : point(x, y, z), parameter(parameter_) {}
 };
+
+/// @}
 
 }  // namespace zyl::geometry
