@@ -8,7 +8,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(headers_vector coord.h direction.h)
-set(headers_matrix matrix3.h matrix4.h transformation.h)
+set(headers_matrix square_matrix.h matrix3.h matrix4.h transformation.h)
 set(headers_primitives extent.h extent2d.h plane.h segment.h triangle.h ellipsoid.h
     enclosing_circle.h)
 set(headers_predicates geom.h)
