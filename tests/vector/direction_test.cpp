@@ -50,4 +50,22 @@ TEST(Direction, ArithmeticWorksByComponent) {
   EXPECT_EQ(c[0] + c[1] * c[2], 79);
 }
 
+TEST(Direction, BearingsRunClockwiseFromNorthAndInclinationsUp) {
+  const double half = std::sqrt(0.5);
+  const struct {
+    double bearing;
+    double inclination;
+    Coord3D expected;
+  } cases[] = {{0, 0, {0, 1, 0}},
+               {90, 0, {1, 0, 0}},
+               {0, 90, {0, 0, 1}},
+               {180, -45, {0, -half, -half}},
+               {-45, 0, {-half, half, 0}}};
+  for (const auto& c : cases) {
+    Direction d(7, 7, 7);
+    d.SetDirectionByBearingDegrees(c.bearing, c.inclination);
+    EXPECT_NEAR(Coord3D(d.x, d.y, d.z).Distance(c.expected), 0, 3e-16) << c.bearing;
+  }
+}
+
 }  // namespace
