@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# usage: install_packages.sh GROUP...
+#
+# Installs those of the groups' Debian packages that are missing, as root or with sudo. Where
+# nothing is missing it touches nothing and needs neither rights nor network.
+set -eu
+
+packages_of() {
+  case $1 in
+    build) echo g++ cmake make libtbb-dev ;;
+    test) echo "$(packages_of build)" libgtest-dev libgmp-dev pkg-config ;;
+    check) echo clang clang-format clang-tidy libclang-rt-dev g++-mingw-w64-i686-posix ;;
+    bench) echo "$(packages_of build)" libbenchmark-dev libcgal-dev libeigen3-dev libgeos-dev ;;
+    *) fail "no such group of packages: $1 (there are build, test, check and bench)" ;;
+  esac
+}
+
+fail() {
+  echo "install_packages.sh: $*" >&2
+  exit 1
+}
+
+# For the machine's own architecture; another one's may stand beside it.
+is_installed() {
+  dpkg-query -W -f '${Architecture} ${db:Status-Status}\n' "$1" 2>/dev/null |
+    grep -qxE "(all|$architecture) installed"
+}
+
+# Prints the command that gives the rights to install, which is nothing for root.
+elevation() {
+  if [ "$(id -u)" -eq 0 ]; then
+    echo
+  elif command -v sudo >/dev/null; then
+    echo sudo
+  else
+    return 1
+  fi
+}
+
+[ $# -gt 0 ] || fail "name a group of packages: build, test, check or bench"
+wanted=()
+for group in "$@"; do
+  packages=$(packages_of "$group")
+  read -ra packages <<<"$packages"
+  wanted+=("${packages[@]}")
+done
+
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+  fail "this is no Debian system; install what corresponds to ${wanted[*]}"
+fi
+
+architecture=$(dpkg --print-architecture)
+missing=()
+for package in "${wanted[@]}"; do
+  is_installed "$package" || missing+=("$package")
+done
+if [ ${#missing[@]} -eq 0 ]; then
+  echo "== Nothing to install, all are there: ${wanted[*]}"
+  exit 0
+fi
+
+echo "== Install ${missing[*]}"
+sudo=$(elevation) || fail "cannot install without root or sudo: ${missing[*]}"
+$sudo apt-get update || echo "== Not all lists of packages could be read; going on with those at hand"
+$sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+  "${missing[@]}" || fail "cannot install ${missing[*]}"
