@@ -9,27 +9,23 @@ bool ComesFirst(double e, double f) { return (f > e) == (f > -e); }
 
 }  // namespace
 
-// Merges the two by magnitude and adds the numbers up from the smallest (Figure 13).
+// Merges the two by magnitude and adds the numbers up from the smallest (Figure 13). The sum starts
+// from the first of them, not from 0: where an operation overflows, every addition may leave a NaN
+// behind, and only elen + flen components fit into h.
 int fast_expansion_sum_zeroelim(int elen, const double* e, int flen, const double* f, double* h) {
   int i = 0;
   int j = 0;
+  const auto takeNext = [&] {
+    return j == flen || (i < elen && ComesFirst(e[i], f[j])) ? e[i++] : f[j++];
+  };
+
   int length = 0;
-  double Q = 0.0;
-  const auto add = [&](double next) {
-    const Two sum = two_sum(Q, next);
+  double Q = takeNext();
+  while (i < elen || j < flen) {
+    const Two sum = two_sum(Q, takeNext());
     Q = sum.high;
     h[length] = sum.low;
     length += sum.low != 0.0;
-  };
-
-  while (i < elen && j < flen) {
-    add(ComesFirst(e[i], f[j]) ? e[i++] : f[j++]);
-  }
-  while (i < elen) {
-    add(e[i++]);
-  }
-  while (j < flen) {
-    add(f[j++]);
   }
   if (Q != 0.0 || length == 0) {
     h[length++] = Q;
