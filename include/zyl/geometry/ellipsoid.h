@@ -9,6 +9,9 @@
 
 namespace zyl::geometry {
 
+/// @addtogroup primitives
+/// @{
+
 /// Oriented ellipsoid about no centre in particular, and the metric under which it is a sphere of
 /// its major radius. Angles are degrees.
 ///
@@ -36,5 +39,7 @@ struct ZYL_GEOMETRY_API Ellipsoid {
   /// zero, the semi-major axis is horizontal, to the left of the major one. NaN spreads.
   Ellipsoid(const Coord3D& radii_, const Coord3D& angles_);
 };
+
+/// @}
 
 }  // namespace zyl::geometry

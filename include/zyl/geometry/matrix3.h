@@ -11,6 +11,9 @@
 
 namespace zyl::geometry {
 
+/// @addtogroup matrices
+/// @{
+
 /// 3 × 3 matrix acting on column vectors: on a Coord3D as a linear map, on a Coord2D as an affine
 /// map of the plane whose translation is the third column.
 ///
@@ -28,14 +31,17 @@ class ZYL_GEOMETRY_API Matrix3 : public internal::SquareMatrix<Matrix3, 3> {
   /// Thrown where an inverse is asked of a matrix whose determinant is exactly 0.
   struct NonInvertableException {};
 
+  /// Ones on the diagonal, zeros elsewhere; set before any code runs.
   static const Matrix3 Identity;
 
+  /// Identity.
   constexpr Matrix3() = default;
   /// Reads nine values row by row: m[r][c] = p[3·r + c].
   constexpr Matrix3(const double* const p) : SquareMatrix(p) {}
   /// The linear part of an affine map of space: its translation and last row are dropped.
   Matrix3(const Matrix4& a);
 
+  /// Column c: element r is m[r][c].
   Coord3D GetColumn(int c) const { return {m[0][c], m[1][c], m[2][c]}; }
   /// Writes *row* i, despite its name and unlike GetColumn.
   void SetColumn(int i, const Coord3D& v) {
@@ -45,6 +51,7 @@ class ZYL_GEOMETRY_API Matrix3 : public internal::SquareMatrix<Matrix3, 3> {
   }
 
   using SquareMatrix::operator*;
+  /// The image of a vector of space.
   Coord3D operator*(const Coord3D& v) const {
     return {m[0][0] * v.x + m[0][1] * v.y + m[0][2] * v.z,
             m[1][0] * v.x + m[1][1] * v.y + m[1][2] * v.z,
@@ -57,7 +64,9 @@ class ZYL_GEOMETRY_API Matrix3 : public internal::SquareMatrix<Matrix3, 3> {
 
   /// Turns the plane about the origin by `angle` radians, counterclockwise.
   void Rotate(double angle);
+  /// Moves the plane by a vector.
   void Translate(double tx, double ty);
+  /// Moves the plane by a vector.
   void Translate(const Coord2D& t) { Translate(t.x, t.y); }
   /// Scales what the existing map is applied to: the translation stays as it is.
   void Scale(double s);
@@ -68,6 +77,7 @@ class ZYL_GEOMETRY_API Matrix3 : public internal::SquareMatrix<Matrix3, 3> {
 
   /// Determinant of the minor without row r and column c, negated where r + c is odd.
   double Cofactor(int r, int c) const;
+  /// Determinant, expanded along the first column.
   double Det() const;
   /// The adjugate: the transpose of the matrix of cofactors.
   Matrix3 Adjoint() const;
@@ -77,5 +87,7 @@ class ZYL_GEOMETRY_API Matrix3 : public internal::SquareMatrix<Matrix3, 3> {
   /// Replaces this by its inverse; where that throws, this stays as it was.
   void Invert() { *this = Inverse(); }
 };
+
+/// @}
 
 }  // namespace zyl::geometry

@@ -14,6 +14,9 @@ namespace zyl::geometry {
 class Plane;
 class Transformation3D;
 
+/// @addtogroup matrices
+/// @{
+
 /// 4 × 4 matrix acting on column vectors; its fourth column holds the translation.
 ///
 /// Element access, comparison and the arithmetic of matrices come from internal::SquareMatrix. The
@@ -30,13 +33,16 @@ class ZYL_GEOMETRY_API Matrix4 : public internal::SquareMatrix<Matrix4, 4> {
   /// Thrown where an inverse is asked of a matrix whose determinant is exactly 0.
   struct NonInvertableException {};
 
+  /// Ones on the diagonal, zeros elsewhere; set before any code runs.
   static const Matrix4 Identity;
 
+  /// Identity.
   constexpr Matrix4() = default;
   /// Reads the array transposed: m[r][c] = a[c][r].
   Matrix4(const double (&a)[4][4]) { Create(a); }
   /// Reads sixteen values row by row: m[r][c] = p[4·r + c], not transposed.
   constexpr Matrix4(const double* const p) : SquareMatrix(p) {}
+  /// Maps points exactly as t does.
   Matrix4(const Transformation3D& t);
   /// A Matrix3 has only nine doubles to point to.
   Matrix4(const Matrix3&) = delete;
@@ -47,6 +53,7 @@ class ZYL_GEOMETRY_API Matrix4 : public internal::SquareMatrix<Matrix4, 4> {
     Transpose();
   }
 
+  /// Column c: element r is m[r][c].
   Coord4D GetColumn(int c) const { return {m[0][c], m[1][c], m[2][c], m[3][c]}; }
   /// Writes *row* i, despite its name and unlike GetColumn.
   void SetColumn(int i, const Coord4D& v) {
@@ -57,6 +64,9 @@ class ZYL_GEOMETRY_API Matrix4 : public internal::SquareMatrix<Matrix4, 4> {
   }
 
   using SquareMatrix::operator*;
+  /// @name Images
+  /// @{
+
   /// The image of a point, translation included.
   Coord3D operator*(const Coord3D& p) const {
     return {m[0][0] * p.x + m[0][1] * p.y + m[0][2] * p.z + m[0][3],
@@ -64,15 +74,22 @@ class ZYL_GEOMETRY_API Matrix4 : public internal::SquareMatrix<Matrix4, 4> {
             m[2][0] * p.x + m[2][1] * p.y + m[2][2] * p.z + m[2][3]};
   }
   Point3D operator*(const Point3D& p) const { return Point3D(*this * Coord3D(p)); }
+  /// @}
+
   /// The plane carried along, its normal as a direction: exact for rotations, translations and
   /// uniform scaling. Under other maps the result is not the image of the plane; where the map
   /// collapses the normal, it has none.
   Plane operator*(const Plane& plane) const;
 
-  /// Turns about an axis through the origin: y towards z, z towards x, x towards y.
+  /// @name Turns about the axes
+  /// @{
+
+  /// Turns y towards z, z towards x, or x towards y.
   void RotateX(double angle);
   void RotateY(double angle);
   void RotateZ(double angle);
+  /// @}
+
   /// RotateX, then RotateY, then RotateZ.
   void Rotate(double angleX, double angleY, double angleZ);
   /// Turns about a direction of any length through the origin; a zero one gives NaN.
@@ -80,9 +97,12 @@ class ZYL_GEOMETRY_API Matrix4 : public internal::SquareMatrix<Matrix4, 4> {
 
   /// Scales about the origin, the translation included.
   void Scale(double sx, double sy, double sz);
+  /// Scales alike in all directions.
   void Scale(double s) { Scale(s, s, s); }
 
+  /// Moves by a vector.
   void Translate(double tx, double ty, double tz);
+  /// Moves by a vector.
   void Translate(const Coord3D& t) { Translate(t.x, t.y, t.z); }
 
   /// Writes the transpose to `out`, which has to be another matrix than this.
@@ -90,6 +110,7 @@ class ZYL_GEOMETRY_API Matrix4 : public internal::SquareMatrix<Matrix4, 4> {
 
   /// Determinant of the minor without row r and column c, negated where r + c is odd.
   double Cofactor(int r, int c) const;
+  /// Determinant, expanded along the first column.
   double Det() const;
   /// The adjugate: the transpose of the matrix of cofactors.
   Matrix4 Adjoint() const;
@@ -103,5 +124,7 @@ class ZYL_GEOMETRY_API Matrix4 : public internal::SquareMatrix<Matrix4, 4> {
   /// std::cout has, two spaces after each element.
   void ToString() const;
 };
+
+/// @}
 
 }  // namespace zyl::geometry

@@ -12,6 +12,9 @@ namespace zyl::geometry {
 class Matrix4;
 struct Triangle;
 
+/// @addtogroup primitives
+/// @{
+
 /// Oriented plane a·x + b·y + c·z + d = 0; the side its normal (a, b, c) points to is positive.
 ///
 /// Constructors leave a unit normal, so that distances come out in the units of the coordinates.
@@ -24,24 +27,28 @@ struct Triangle;
 ///     roof.Distance(Coord3D(1, 1, 7), false);                                  // 2: above it
 class ZYL_GEOMETRY_API Plane {
  public:
-  double a = 0.0;
-  double b = 0.0;
-  double c = 0.0;
-  double d = 0.0;
+  double a = 0.0;  ///< Normal, x.
+  double b = 0.0;  ///< Normal, y.
+  double c = 0.0;  ///< Normal, z.
+  double d = 0.0;  ///< Height of the origin over the plane.
 
   /// All four fields zero.
   Plane() = default;
+  /// The fields as passed, then normalised.
   Plane(double a_, double b_, double c_, double d_);
   /// Normalises, unlike assignment.
   Plane(const Plane& other);
+  /// The normal and d as passed, then normalised.
   Plane(const Direction& normal, double d_);
   /// Through one point of it.
   Plane(const Direction& normal, const Coord3D& p);
+  /// Through one point of it.
   Plane(const Direction& normal, const Point3D& p);
   /// Through three points, counterclockwise as seen from its positive side.
   Plane(const Coord3D& p0, const Coord3D& p1, const Coord3D& p2);
   /// Through points[0], points[1] and points[2].
   Plane(const Coord3D* const points);
+  /// Through the vertices in their order.
   Plane(const Triangle& triangle);
 
   /// Through the horizontal line from p towards q, whose heights are not compared, and dipping to
@@ -60,6 +67,7 @@ class ZYL_GEOMETRY_API Plane {
   /// Distance with its sign.
   double Orientation(const Coord3D& p) const;
 
+  /// (a, b, c).
   Coord3D Normal() const { return {a, b, c}; }
 
   /// Common line of two planes: its direction is this normal × that of `other`, of unit length, and
@@ -72,7 +80,7 @@ class ZYL_GEOMETRY_API Plane {
   void GetZUpTransform(Matrix4& toZUp, Matrix4& fromZUp) const;
 
   /// Scales all four fields to a unit normal. Returns 0, or -1 and changes nothing if the normal is
-  /// zero.
+  /// zero, so short that its square is, or NaN.
   int Normalize();
 
   /// Moves the plane by `distance` along its normal, which is taken to be of unit length.
@@ -90,5 +98,7 @@ class ZYL_GEOMETRY_API Plane {
   void Init(const Point3D& p0, const Point3D& p1, const Point3D& p2);
   void Init(const Coord3D& p, const Coord3D& q, double dip);
 };
+
+/// @}
 
 }  // namespace zyl::geometry

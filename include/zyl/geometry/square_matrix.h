@@ -10,6 +10,9 @@
 
 namespace zyl::geometry::internal {
 
+/// @addtogroup matrices
+/// @{
+
 /// N × N doubles held row by row, acting on column vectors; base of the class `Matrix` itself.
 ///
 /// Indices are not checked. Nothing allocates or fails; NaN and infinities spread as IEEE
@@ -19,6 +22,7 @@ struct SquareMatrix {
   /// m[r][c] is the element in row r and column c.
   double m[N][N];
 
+  /// Makes this the identity.
   void SetIdentity() { Self() = Matrix(); }
 
   /// Exact, without tolerance.
@@ -26,10 +30,12 @@ struct SquareMatrix {
 
   /// Row r, as N consecutive doubles.
   double* operator[](int r) { return m[r]; }
+  /// Row r, as N consecutive doubles.
   const double* operator[](int r) const { return m[r]; }
 
   /// All N² doubles, row by row.
   operator double*() { return m[0]; }
+  /// All N² doubles, row by row.
   operator const double*() const { return m[0]; }
 
   /// Writes the N² doubles to `out`, row by row.
@@ -41,6 +47,7 @@ struct SquareMatrix {
     }
   }
 
+  /// Exchanges rows and columns.
   void Transpose() {
     for (int r = 1; r < N; ++r) {
       for (int c = 0; c < r; ++c) {
@@ -59,20 +66,24 @@ struct SquareMatrix {
     }
     return equal;
   }
+  /// Negation of ==, hence true where a NaN is compared.
   bool operator!=(const Matrix& b) const { return !(*this == b); }
 
-  /// Applied to a vector, the product acts as b first and then as this. b may be this.
+  /// Applied to a vector, the product acts as b first and then as this.
   Matrix operator*(const Matrix& b) const {
     Matrix product;
     Multiply(product, b);
     return product;
   }
+  /// Becomes this·b, not b·this. b may be this.
   Matrix& operator*=(const Matrix& b) { return Self() = *this * b; }
 
+  /// Multiplies every element.
   Matrix operator*(double s) const {
     Matrix scaled = Self();
     return scaled *= s;
   }
+  /// Multiplies every element.
   Matrix& operator*=(double s) {
     for (auto& row : m) {
       for (double& element : row) {
@@ -82,14 +93,17 @@ struct SquareMatrix {
     return Self();
   }
 
+  /// Adds element by element.
   Matrix operator+(const Matrix& b) const {
     Matrix sum = Self();
     return sum += b;
   }
+  /// Subtracts element by element.
   Matrix operator-(const Matrix& b) const {
     Matrix difference = Self();
     return difference -= b;
   }
+  /// Adds element by element. b may be this.
   Matrix& operator+=(const Matrix& b) {
     for (int r = 0; r < N; ++r) {
       for (int c = 0; c < N; ++c) {
@@ -98,6 +112,7 @@ struct SquareMatrix {
     }
     return Self();
   }
+  /// Subtracts element by element. b may be this.
   Matrix& operator-=(const Matrix& b) {
     for (int r = 0; r < N; ++r) {
       for (int c = 0; c < N; ++c) {
@@ -124,6 +139,7 @@ struct SquareMatrix {
     }
   }
 
+  /// What both classes call TransposeTo.
   void CopyTransposedTo(SquareMatrix& out) const {
     for (int r = 0; r < N; ++r) {
       for (int c = 0; c < N; ++c) {
@@ -150,5 +166,7 @@ struct SquareMatrix {
     }
   }
 };
+
+/// @}
 
 }  // namespace zyl::geometry::internal

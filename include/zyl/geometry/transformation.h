@@ -8,15 +8,22 @@
 
 namespace zyl::geometry {
 
+/// @addtogroup matrices
+/// @{
+
 /// A mapping of points and its inverse.
 class ZYL_GEOMETRY_API Transformation {
  public:
   Transformation() = default;
+  /// Nothing to copy.
   Transformation(const Transformation&) = default;
+  /// Nothing to copy.
   Transformation& operator=(const Transformation&) = default;
   virtual ~Transformation();
 
+  /// The image of p.
   virtual Coord3D transform(const Coord3D& p) const = 0;
+  /// The point whose image is p.
   virtual Coord3D inverse_transform(const Coord3D& p) const = 0;
 };
 
@@ -35,10 +42,13 @@ class ZYL_GEOMETRY_API Transformation3D : public Transformation {
   Transformation3D() = default;
   /// Copies sixteen coefficients.
   Transformation3D(double* coefficients);
+  /// The same coefficients.
   Transformation3D(const Transformation3D&) = default;
+  /// The same coefficients.
   Transformation3D& operator=(const Transformation3D&) = default;
   ~Transformation3D() override;
 
+  /// The image of p, translation included, not divided by a homogeneous coordinate.
   Coord3D transform(const Coord3D& p) const override;
 
   /// The point that `transform` maps to p, but for rounding. Throws Matrix4::NonInvertableException
@@ -49,5 +59,7 @@ class ZYL_GEOMETRY_API Transformation3D : public Transformation {
   /// Writes the sixteen coefficients to `out`, column by column.
   virtual void AsCoefficients(double* out) const;
 };
+
+/// @}
 
 }  // namespace zyl::geometry
