@@ -2,7 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
+#include <random>
+#include <string>
+#include <utility>
 
 #include "support/exact.h"
 
@@ -10,6 +16,154 @@ namespace {
 
 using namespace zyl::geometry::internal;
 using exact::SignOf;
+
+constexpr std::uint64_t kSeed = 20240117;
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+using Rng = std::mt19937_64;
+
+int Integer(Rng& rng, int low, int high) {
+  return low + static_cast<int>(rng() % static_cast<unsigned>(high - low + 1));
+}
+
+// The next double up or down; for 0, whose neighbours' products underflow, an ulp of 1.
+double OneUlpOff(Rng& rng, double value) {
+  const double direction = rng() % 2 == 0 ? kInfinity : -kInfinity;
+  return value == 0.0 ? std::copysign(std::ldexp(1, -52), direction)
+                      : std::nextafter(value, direction);
+}
+
+// A few bits anywhere in a range of 2^80: differences of such numbers do not fit a double.
+double Scattered(Rng& rng) { return std::ldexp(Integer(rng, -9, 9), Integer(rng, -40, 40)); }
+
+// Five points in space; the predicates in the plane read their x and y.
+struct Points {
+  double at[5][3];
+  double* operator[](int i) { return at[i]; }
+};
+
+// Families of points that are degenerate, or nearly so, again and again.
+void OnGrid(Rng& rng, Points& p) {
+  for (auto& point : p.at) {
+    for (double& x : point) {
+      x = Integer(rng, -1, 2);
+    }
+  }
+}
+
+// As surveys have it: far from the origin in steps of a millimetre, which are no binary fraction.
+void OnDecimalGridFarAway(Rng& rng, Points& p) {
+  const double origin[3] = {450000, 6500000, 300};
+  for (auto& point : p.at) {
+    for (int i = 0; i < 3; ++i) {
+      point[i] = origin[i] + 0.001 * Integer(rng, 0, 3);
+    }
+  }
+}
+
+void OneUlpOffGrid(Rng& rng, Points& p) {
+  OnGrid(rng, p);
+  for (auto& point : p.at) {
+    double& x = point[rng() % 3];
+    x = OneUlpOff(rng, x);
+  }
+}
+
+void OfMixedExponents(Rng& rng, Points& p) {
+  for (auto& point : p.at) {
+    for (double& x : point) {
+      x = Scattered(rng);
+    }
+  }
+}
+
+// All on the plane z = 2x, of which the x-y trace is y = 2x for every other set; or just off it.
+void InPlaneOfMixedExponents(Rng& rng, Points& p) {
+  const bool onLine = rng() % 2 == 0;
+  for (auto& point : p.at) {
+    point[0] = Scattered(rng);
+    point[1] = onLine ? 2 * point[0] : Scattered(rng);
+    point[2] = 2 * point[0];
+  }
+  if (rng() % 2 == 0) {
+    double& x = p[Integer(rng, 0, 4)][rng() % 3];
+    x = OneUlpOff(rng, x);
+  }
+}
+
+// Images of one point under changes of sign and exchanges of axes lie on one sphere, and, as long
+// as z stays in its place, on one circle; or just off it.
+void OnSphereOfMixedExponents(Rng& rng, Points& p) {
+  const double x[3] = {Scattered(rng), Scattered(rng), Scattered(rng)};
+  const bool planar = rng() % 2 == 0;
+  for (auto& point : p.at) {
+    std::copy(x, x + 3, point);
+    std::swap(point[0], point[rng() % 2]);
+    if (!planar) {
+      std::swap(point[2], point[rng() % 3]);
+    }
+    for (double& coordinate : point) {
+      coordinate = rng() % 2 == 0 ? coordinate : -coordinate;
+    }
+  }
+  if (rng() % 2 == 0) {
+    double& off = p[Integer(rng, 0, 4)][rng() % 3];
+    off = OneUlpOff(rng, off);
+  }
+}
+
+// From one end of the range for which the signs are promised to the other.
+void AtTheEndsOfTheRange(Rng& rng, Points& p) {
+  const bool large = rng() % 2 == 0;
+  (rng() % 2 == 0 ? OnGrid : OneUlpOffGrid)(rng, p);
+  for (auto& point : p.at) {
+    for (double& x : point) {
+      x = std::ldexp(x, large ? 199 : std::fabs(x) < 0.5 ? -89 : -142);
+    }
+  }
+}
+
+struct Family {
+  const char* name;
+  void (*make)(Rng&, Points&);
+  bool often;  // whether degenerate, and not only nearly so, again and again
+};
+
+class Signs : public ::testing::TestWithParam<Family> {};
+
+TEST_P(Signs, AreThoseOfExactArithmetic) {
+  exactinit();
+  Rng rng(kSeed);
+  int degenerate[4] = {};
+  for (int round = 0; round < 36000; ++round) {
+    Points p;
+    GetParam().make(rng, p);
+    const int expected[4] = {
+        exact::Orient2D(p[0], p[1], p[2]), exact::Orient3D(p[0], p[1], p[2], p[3]),
+        exact::InCircle(p[0], p[1], p[2], p[3]), exact::InSphere(p[0], p[1], p[2], p[3], p[4])};
+    const int found[4] = {
+        SignOf(orient2d(p[0], p[1], p[2])), SignOf(orient3d(p[0], p[1], p[2], p[3])),
+        SignOf(incircle(p[0], p[1], p[2], p[3])), SignOf(insphere(p[0], p[1], p[2], p[3], p[4]))};
+    for (int i = 0; i < 4; ++i) {
+      ASSERT_EQ(found[i], expected[i])
+          << "predicate " << i << ", round " << round << ", seed " << kSeed;
+      degenerate[i] += expected[i] == 0;
+    }
+  }
+  for (int count : degenerate) {
+    EXPECT_GE(count, GetParam().often ? 1000 : 0);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , Signs,
+    ::testing::Values(Family{"OnGrid", OnGrid, true},
+                      Family{"OnDecimalGridFarAway", OnDecimalGridFarAway, true},
+                      Family{"OneUlpOffGrid", OneUlpOffGrid, true},
+                      Family{"OfMixedExponents", OfMixedExponents, false},
+                      Family{"InPlaneOfMixedExponents", InPlaneOfMixedExponents, true},
+                      Family{"OnSphereOfMixedExponents", OnSphereOfMixedExponents, true},
+                      Family{"AtTheEndsOfTheRange", AtTheEndsOfTheRange, true}),
+    [](const auto& instance) { return std::string(instance.param.name); });
 
 // Beside the line y = x the plain determinant is rounding noise.
 TEST(Orient2D, HasTheExactSignOneUlpFromTheLine) {
@@ -21,6 +175,96 @@ TEST(Orient2D, HasTheExactSignOneUlpFromTheLine) {
       const double a[2] = {0.5 + i * ulp, 0.5 + j * ulp};
       ASSERT_EQ(SignOf(orient2d(a, b, c)), exact::Orient2D(a, b, c)) << i << ", " << j;
     }
+  }
+}
+
+TEST(Predicates, ReturnTheDeterminant) {
+  exactinit();
+  const double a[3] = {0, 0, 0}, b[3] = {2, 0, 0}, c[3] = {0, 3, 0}, d[3] = {0, 0, -5};
+  EXPECT_EQ(orient2d(a, b, c), 6);
+  EXPECT_EQ(orient3d(a, b, c, d), 30);
+  // Times the power of e, which is -3 of the circle x^2 - 2x + y^2 - 3y = 0, and with z^2 + 5z
+  // -7 of the sphere.
+  const double e[3] = {1, 1, -1};
+  EXPECT_EQ(incircle(a, b, c, e), 18);
+  EXPECT_EQ(insphere(a, b, c, d, e), 210);
+}
+
+// The last point is off the line, plane, circle and sphere through the others by t. The other
+// coordinates swallow it, and the first three stages see it too near to zero.
+TEST(Predicates, ReturnTheDeterminantFromTheExactStageToo) {
+  exactinit();
+  const double t = std::ldexp(1, -110);
+  const double a[3] = {2, 0, 0}, b[3] = {1, 1, 0}, c[3] = {1, 0, 1}, d[3] = {1, -1, 0};
+  const double e[3] = {t, 0, 0};
+  EXPECT_EQ(insphere(a, b, c, d, e), 4 * t);  // of 2 (2t - t^2)
+  EXPECT_EQ(incircle(a, b, d, e), 4 * t);
+
+  const double p[3] = {1, 2, 0}, q[3] = {3, 6, 0}, above[3] = {0, t, 1}, off[3] = {0, t, 0};
+  EXPECT_EQ(orient2d(p, q, off), 2 * t);
+  EXPECT_EQ(orient3d(p, q, above, off), 2 * t);
+}
+
+TEST(PredicateState, HoldsTheBoundsOfDoubleArithmetic) {
+  exactinit();
+  const PredicateState& state = predicateState();
+  EXPECT_EQ(state.epsilon, 1.1102230246251565e-16);
+  EXPECT_EQ(state.splitter, 134217729);
+  EXPECT_EQ(state.resulterrbound, 3.3306690738754706e-16);
+  EXPECT_EQ(state.ccwerrboundA, 3.3306690738754716e-16);
+  EXPECT_EQ(state.ccwerrboundB, 2.2204460492503146e-16);
+  EXPECT_EQ(state.ccwerrboundC, 1.1093356479670487e-31);
+  EXPECT_EQ(state.o3derrboundA, 7.771561172376103e-16);
+  EXPECT_EQ(state.o3derrboundB, 3.330669073875473e-16);
+  EXPECT_EQ(state.o3derrboundC, 3.2047474274603644e-31);
+  EXPECT_EQ(state.iccerrboundA, 1.1102230246251577e-15);
+  EXPECT_EQ(state.iccerrboundB, 4.440892098500632e-16);
+  EXPECT_EQ(state.iccerrboundC, 5.423418723394464e-31);
+  EXPECT_EQ(state.isperrboundA, 1.7763568394002532e-15);
+  EXPECT_EQ(state.isperrboundB, 5.551115123125792e-16);
+  EXPECT_EQ(state.isperrboundC, 8.751425667295619e-31);
+}
+
+// Overflow, underflow and infinities may end in any value, but end; NaN is passed on.
+TEST(Predicates, AnswerWhateverTheCoordinates) {
+  exactinit();
+  const double kSpecial[] = {0,
+                             1,
+                             -2.5,
+                             0.1,
+                             1e150,
+                             -1e150,
+                             1.5e308,
+                             -1.5e308,
+                             5e-324,
+                             1e-160,
+                             kInfinity,
+                             -kInfinity,
+                             std::numeric_limits<double>::quiet_NaN()};
+  const auto hasNaN = [](const Points& p, int count, int dimension) {
+    bool found = false;
+    for (int k = 0; k < count; ++k) {
+      for (int i = 0; i < dimension; ++i) {
+        found = found || std::isnan(p.at[k][i]);
+      }
+    }
+    return found;
+  };
+  Rng rng(kSeed);
+  for (int round = 0; round < 100000; ++round) {
+    Points p;
+    for (auto& point : p.at) {
+      for (double& x : point) {
+        x = kSpecial[rng() % std::size(kSpecial)];
+      }
+    }
+    const double det[4] = {orient2d(p[0], p[1], p[2]), orient3d(p[0], p[1], p[2], p[3]),
+                           incircle(p[0], p[1], p[2], p[3]),
+                           insphere(p[0], p[1], p[2], p[3], p[4])};
+    ASSERT_TRUE(std::isnan(det[0]) || !hasNaN(p, 3, 2)) << round;
+    ASSERT_TRUE(std::isnan(det[1]) || !hasNaN(p, 4, 3)) << round;
+    ASSERT_TRUE(std::isnan(det[2]) || !hasNaN(p, 4, 2)) << round;
+    ASSERT_TRUE(std::isnan(det[3]) || !hasNaN(p, 5, 3)) << round;
   }
 }
 
