@@ -1,0 +1,33 @@
+#pragma once
+// Arrays of plain records from the runtime's allocator, owned until they are handed out.
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+#include "trimake/records.h"
+
+namespace zyl::geometry::internal {
+
+struct FreeMemory {
+  void operator()(void* memory) const { std::free(memory); }
+};
+
+/// Owner of an array of plain records that free() releases.
+template <class T>
+using MallocArray = std::unique_ptr<T[], FreeMemory>;
+
+/// `count` records, uninitialised; at least one, so that null is always a failure. Throws
+/// OutOfMemory with `message`.
+template <class T>
+MallocArray<T> NewArray(std::size_t count, const char* message) {
+  constexpr std::size_t kMost = PTRDIFF_MAX / sizeof(T);
+  void* const memory = count <= kMost ? std::malloc((count + (count == 0)) * sizeof(T)) : nullptr;
+  if (memory == nullptr) {
+    throw OutOfMemory(message);
+  }
+  return MallocArray<T>(static_cast<T*>(memory));
+}
+
+}  // namespace zyl::geometry::internal

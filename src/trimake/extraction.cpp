@@ -1,0 +1,185 @@
+#include "trimake/extraction.h"
+
+#include <cstdint>
+#include <cstring>
+
+#include "trimake/allocation.h"
+#include "trimake/orientation.h"
+
+namespace zyl::geometry::internal {
+namespace {
+
+constexpr char kOutOfMemory[] = "tri_Create_Delaunay: out of memory";
+
+struct Triangles {
+  MallocArray<int> corners;
+  std::size_t count;
+  std::uint64_t references;  // breakline segments along their edges, edge by edge
+};
+
+// Every vertex in the order of its number.
+template <class Visit>
+void ForEachVertex(const TrimakeState& state, const TResult& result, Visit visit) {
+  for (int i = 0; i < result.count; ++i) {
+    visit(result.verts[i]);
+  }
+  for (const TVertexHunk* hunk = state.firstVertexHunk; hunk != nullptr; hunk = hunk->next) {
+    for (int i = 0; i < hunk->used; ++i) {
+      visit(hunk->vertices[i]);
+    }
+  }
+}
+
+// Triangles of which v is the lowest-numbered corner, as pairs of consecutive half-edges (e, f);
+// the corners v, f.dest, e.dest are clockwise. The pair from the last half-edge to the first is a
+// triangle too unless the gap between them is the exterior, which is where `first` marks it. A
+// vertex with a single edge, the end of a chain, has none.
+template <class Visit>
+void ForEachTriangleAt(const TVertex& v, Visit visit) {
+  if (v.first == nullptr || v.first->next == v.first) {
+    return;
+  }
+  const TEdge* const last = v.first->prev;
+  const bool isClosed = cw(&v, v.first->dest, last->dest);
+  const TEdge* e = v.first;
+  bool rises = e->dest->number > v.number;
+  while (e != last || isClosed) {
+    const TEdge* const f = e->next;
+    const bool nextRises = f->dest->number > v.number;
+    if (rises && nextRises) {
+      visit(e, f);
+    }
+    if (e == last) {
+      break;
+    }
+    e = f;
+    rises = nextRises;
+  }
+}
+
+// Half-edge from f.dest to e.dest seen from e.dest: the third edge of the triangle (e, f).
+const TEdge* Opposite(const TEdge* e) { return e->twin->prev; }
+
+std::uint64_t References(const TEdge* e) {
+  return e->info != nullptr ? static_cast<std::uint64_t>(e->info->count) : 0;
+}
+
+// Of the pairs at a vertex at most as many are triangles as half-edges rise from it, so that all
+// triangles together are no more than the edges, and those no more than half the supply.
+std::size_t MostTriangles(const TrimakeState& state) {
+  return static_cast<std::size_t>(state.vertexCount) * (kEdgesPerVertex / 2);
+}
+
+Triangles CollectTriangles(const TrimakeState& state, const TResult& result) {
+  Triangles list{NewArray<int>(3 * MostTriangles(state), kOutOfMemory), 0, 0};
+  const bool hasBreaklines = state.firstInfoHunk != nullptr;
+  int* corner = list.corners.get();
+  ForEachVertex(state, result, [&](const TVertex& v) {
+    ForEachTriangleAt(v, [&](const TEdge* e, const TEdge* f) {
+      corner[0] = v.number + 1;
+      corner[1] = f->dest->number + 1;
+      corner[2] = e->dest->number + 1;
+      corner += 3;
+      if (hasBreaklines) {
+        list.references += References(e) + References(f) + References(Opposite(e));
+      }
+    });
+  });
+  list.count = static_cast<std::size_t>(corner - list.corners.get()) / 3;
+  return list;
+}
+
+// Gives the unused end of the array back; should that fail, the caller gets it as it is.
+int* Shrink(MallocArray<int> corners, std::size_t count) {
+  void* const shrunk = std::realloc(corners.get(), count * sizeof(int));
+  if (shrunk == nullptr) {
+    return corners.release();
+  }
+  static_cast<void>(corners.release());
+  return static_cast<int*>(shrunk);
+}
+
+// Writes the pair of one triangle edge and copies its list behind the copies made so far.
+void CopyList(const TEdge* e, TEdgeInfo*& pair, TIndex*& copies) {
+  *pair = {0, nullptr};
+  if (e->info != nullptr) {
+    *pair = {e->info->count, copies};
+    for (const TIndex* index = e->info->head; index != nullptr; index = index->next) {
+      TIndex* const copy = copies++;
+      *copy = {index->next != nullptr ? copies : nullptr, index->from, index->to};
+    }
+  }
+  ++pair;
+}
+
+// The pairs of all triangles, and behind them the copied lists, in one allocation.
+MallocArray<char> CollectEdgeInfo(const TrimakeState& state, const TResult& result,
+                                  const Triangles& list) {
+  const std::uint64_t size =
+      3 * std::uint64_t{list.count} * sizeof(TEdgeInfo) + list.references * sizeof(TIndex);
+  if (size > PTRDIFF_MAX) {
+    throw OutOfMemory(kOutOfMemory);
+  }
+  MallocArray<char> buffer = NewArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
+  if (state.firstInfoHunk == nullptr) {
+    std::memset(buffer.get(), 0, static_cast<std::size_t>(size));
+    return buffer;
+  }
+  TEdgeInfo* pair = reinterpret_cast<TEdgeInfo*>(buffer.get());
+  TIndex* copies = reinterpret_cast<TIndex*>(pair + 3 * list.count);
+  ForEachVertex(state, result, [&](const TVertex& v) {
+    ForEachTriangleAt(v, [&](const TEdge* e, const TEdge* f) {
+      CopyList(f, pair, copies);
+      CopyList(Opposite(e), pair, copies);
+      CopyList(e, pair, copies);
+    });
+  });
+  return buffer;
+}
+
+MallocArray<TPoint> CollectVertices(const TrimakeState& state, const TResult& result) {
+  MallocArray<TPoint> vertices =
+      NewArray<TPoint>(static_cast<std::size_t>(state.vertexCount), kOutOfMemory);
+  TPoint* out = vertices.get();
+  ForEachVertex(state, result, [&](const TVertex& v) {
+    if (v.source < result.pointCount) {
+      *out = result.points[v.source];
+    } else {
+      *out = *v.point;
+      out->x *= result.unscale;
+      out->y *= result.unscale;
+    }
+    ++out;
+  });
+  return vertices;
+}
+
+}  // namespace
+
+void tri_Extract(const TrimakeState& state, const TResult& result, int* outTriangleCount) {
+  MallocArray<TPoint> vertices;
+  if (state.outVertices != nullptr) {
+    vertices = CollectVertices(state, result);
+  }
+  Triangles list = CollectTriangles(state, result);
+  MallocArray<char> edgeInfo;
+  if (state.outEdgeInfo != nullptr && list.count > 0) {
+    edgeInfo = CollectEdgeInfo(state, result, list);
+  }
+
+  *outTriangleCount = static_cast<int>(list.count);
+  if (list.count > 0) {
+    *state.outTriangles = Shrink(std::move(list.corners), 3 * list.count);
+  }
+  if (state.outVertexCount != nullptr) {
+    *state.outVertexCount = state.vertexCount;
+  }
+  if (state.outVertices != nullptr) {
+    *state.outVertices = vertices.release();
+  }
+  if (state.outEdgeInfo != nullptr) {
+    *state.outEdgeInfo = edgeInfo.release();
+  }
+}
+
+}  // namespace zyl::geometry::internal
