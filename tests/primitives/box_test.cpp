@@ -64,7 +64,7 @@ std::vector<Box> SolidBoxes() {
 template <class Box>
 class BoxRelations : public testing::Test {};
 using BoxTypes = testing::Types<Extent, Extent2D>;
-TYPED_TEST_SUITE(BoxRelations, BoxTypes);
+TYPED_TEST_SUITE(BoxRelations, BoxTypes, );
 
 // Boxes between whole numbers differ in points at halves already. The shrunk ones have lost those
 // of their boundary and no others.

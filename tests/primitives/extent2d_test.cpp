@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <type_traits>
 
 #include "zyl/geometry/extent.h"
@@ -56,7 +57,7 @@ TEST(Extent2D, MeasuresItselfAndListsItsCorners) {
   const std::vector<Coord2D> corners = Extent2D(1, 2, 3, 5).GetCornerPoints();
   const double expected[4][2] = {{1, 2}, {3, 2}, {3, 5}, {1, 5}};
   ASSERT_EQ(corners.size(), 4u);
-  for (int i = 0; i < 4; ++i) {
+  for (std::size_t i = 0; i < 4; ++i) {
     EXPECT_TRUE(corners[i].x == expected[i][0] && corners[i].y == expected[i][1]) << i;
   }
 }

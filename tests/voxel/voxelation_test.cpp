@@ -1,0 +1,290 @@
+#include "zyl/geometry/voxelation.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <random>
+#include <utility>
+
+#include "support/counting_new.h"
+#include "zyl/geometry/extent.h"
+
+namespace zyl::geometry {
+
+// How this file reaches a private member: access is not checked where a template is instantiated
+// explicitly.
+using PrivateGetExtent = bool (Voxelation::*)(int, int, int, Extent&, bool);
+PrivateGetExtent GetExtentMember();
+template <PrivateGetExtent member>
+struct Reveal {
+  friend PrivateGetExtent GetExtentMember() { return member; }
+};
+template struct Reveal<&Voxelation::GetExtent>;
+
+namespace {
+
+using IDs = std::set<int64>;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+Voxelation TenCubed() { return {Coord3D(0, 0, 0), Coord3D(10, 10, 10), 10, 10, 10}; }
+
+IDs All(const Voxelation& grid) {
+  IDs ids;
+  grid.CollectIDsIn(ids, Extent(-1e9, -1e9, -1e9, 1e9, 1e9, 1e9));
+  return ids;
+}
+
+TEST(Voxelation, DocumentedExample) {
+  Voxelation index(Coord3D(0, 0, 0), Coord3D(10, 10, 10), 10, 10, 10);
+  index.AddPoint(Coord3D(2.5, 2.5, 2.5), 7);
+  IDs candidates;
+  EXPECT_TRUE(index.CollectIDsNear(candidates, Coord3D(3.5, 2.5, 2.5), 1, 1, 1));
+  EXPECT_EQ(candidates, IDs{7});
+}
+
+TEST(Voxelation, LocatesAndClampsEveryCoordinate) {
+  const Voxelation grid = TenCubed();
+  const std::pair<double, int> expected[] = {
+      {9.999, 9},      {10, 9},        {3, 3},    {std::nextafter(3.0, 0.0), 2},
+      {-5, 0},         {25, 9},        {0, 0},    {1e300, 9},
+      {-1e300, 0},     {kInfinity, 9}, {-0.5, 0}, {3e9, 9},
+      {-kInfinity, 0}, {kNaN, 0}};
+  for (const auto& [coordinate, index] : expected) {
+    for (int axis = 0; axis < 3; ++axis) {
+      Coord3D p;
+      p[axis] = coordinate;
+      Voxelation::Location loc;
+      ASSERT_TRUE(grid.Locate(p, loc));
+      const int found[3] = {loc.i, loc.j, loc.k};
+      EXPECT_EQ(found[axis], index) << coordinate;
+      EXPECT_EQ(found[(axis + 1) % 3] + found[(axis + 2) % 3], 0);
+    }
+  }
+}
+
+TEST(Voxelation, AFlatInvertedOrUnknownAxisHasOneIndex) {
+  for (const double top : {5.0, 3.0, kNaN}) {
+    const Voxelation grid(Coord3D(0, 0, 5), Coord3D(10, 10, top), 10, 10, 10);
+    for (const double z : {-100.0, 4.0, 5.0, 100.0}) {
+      Voxelation::Location loc;
+      ASSERT_TRUE(grid.Locate(7.5, 2.5, z, loc));
+      EXPECT_TRUE(loc.i == 7 && loc.j == 2 && loc.k == 0);
+    }
+  }
+}
+
+TEST(Voxelation, WithoutAGridEveryCallReturnsFalseAndDoesNothing) {
+  Voxelation none(Coord3D(1, 2, 3), Coord3D(1, 2, 3), 4, 4, 4);
+  Voxelation::Location loc{1, 2, 3};
+  Extent extent(1, 2, 3, 4, 5, 6);
+  int dims[3] = {7, 8, 9};
+  IDs ids = {1};
+  Coord3D triangle[3];
+  EXPECT_FALSE(none.Locate(0, 0, 0, loc) || none.GetDimensions(dims) ||
+               none.GetVoxelExtent(loc, extent) || none.AddPoint(Coord3D(), 2) ||
+               none.AddExtent(extent, 2) || none.AddTriangle(triangle, 2) || none.Clear() ||
+               none.CollectIDsAt(ids, 0, 0, 0) || none.CollectIDsAt(ids, loc) ||
+               none.CollectIDsNear(ids, Coord3D(), 1, 1, 1) || none.CollectIDsIn(ids, extent));
+  EXPECT_TRUE(loc.k == 3 && extent == Extent(1, 2, 3, 4, 5, 6) && dims[0] == 7 && ids == IDs{1});
+}
+
+TEST(Voxelation, AFailedInitialiseKeepsTheGrid) {
+  Voxelation grid = TenCubed();
+  grid.AddPoint(Coord3D(5, 5, 5), 1);
+  constexpr int kMost = std::numeric_limits<int>::max();
+  EXPECT_FALSE(grid.Initialise(Coord3D(), Coord3D(1, 1, 1), 4, 4, 0));
+  EXPECT_FALSE(grid.Initialise(Coord3D(), Coord3D(1, 1, 1), -4, 4, 4));
+  EXPECT_FALSE(grid.Initialise(Coord3D(1, 1, 1), Coord3D(1, 1, 1), 4, 4, 4));
+  EXPECT_THROW(grid.Initialise(Coord3D(), Coord3D(1, 1, 1), kMost, kMost, kMost), std::bad_alloc);
+  EXPECT_THROW(grid.Initialise(Coord3D(), Coord3D(1, 1, 1), 1 << 21, 1 << 21, 1 << 22),
+               std::bad_alloc);  // 2^64 voxels
+  EXPECT_EQ(All(grid), IDs{1});
+  EXPECT_TRUE(grid.Initialise(Bounds3D{{0, 0, 0}, {1, 1, 1}}, 4, 5, 6));
+  int dims[3];
+  ASSERT_TRUE(grid.GetDimensions(dims));
+  EXPECT_TRUE(dims[0] == 4 && dims[1] == 5 && dims[2] == 6);
+  EXPECT_TRUE(All(grid).empty());
+}
+
+TEST(Voxelation, KnowsTheBoxOfEveryVoxelOfItsLattice) {
+  Voxelation grid(Coord3D(100, 0, -8), Coord3D(110, 5, 8), 10, 10, 4);
+  Extent box;
+  ASSERT_TRUE(grid.GetVoxelExtent({3, 1, 2}, box));
+  EXPECT_EQ(box, Extent(103, 0.5, 0, 104, 1, 4));
+  ASSERT_TRUE(grid.GetVoxelExtent({-1, 10, std::numeric_limits<int>::max()}, box));
+  EXPECT_EQ(box, Extent(99, 5, 4.0 * 2147483647 - 8, 100, 5.5, 4.0 * 2147483648 - 8));
+  ASSERT_TRUE((grid.*GetExtentMember())(3, 1, 2, box, true));
+  EXPECT_DOUBLE_EQ(box.min.x, 102.995);
+  EXPECT_DOUBLE_EQ(box.max.x, 104.005);
+  EXPECT_DOUBLE_EQ(box.min.y, 0.4975);
+  EXPECT_DOUBLE_EQ(box.max.z, 4.02);
+}
+
+TEST(Voxelation, CopiesAreDeepAndMovesLeaveNothing) {
+  Voxelation original = TenCubed();
+  original.AddPoint(Coord3D(5, 5, 5), 1);
+  Voxelation copy = original;
+  copy.AddPoint(Coord3D(5, 5, 5), 2);
+  Voxelation assigned;
+  assigned = original;
+  assigned = *&assigned;
+  original.Clear();
+  EXPECT_TRUE(All(original).empty());
+  EXPECT_EQ(All(copy), (IDs{1, 2}));
+  EXPECT_EQ(All(assigned), IDs{1});
+  assigned = std::move(copy);
+  EXPECT_EQ(All(assigned), (IDs{1, 2}));
+  const Voxelation moved(std::move(assigned));
+  int dims[3];
+  EXPECT_FALSE(copy.GetDimensions(dims) || assigned.GetDimensions(dims));
+  EXPECT_EQ(All(moved), (IDs{1, 2}));
+}
+
+template <class Action>
+bool RunsOutOfMemory(long allocations, Action action) {
+  const heap::Limit limit(allocations);
+  try {
+    action();
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
+  return false;
+}
+
+// A copy of the source takes the grid and ten lists; each of the eleven fails once.
+TEST(Voxelation, RunningOutOfMemoryLeavesItAsItWasAndLeaksNothing) {
+  const long before = heap::liveBlocks;
+  {
+    Voxelation source = TenCubed();
+    for (int i = 0; i < 20; ++i) {
+      source.AddPoint(Coord3D(i % 10, 5, 5), i);
+    }
+    Voxelation target(Coord3D(0, 0, 0), Coord3D(1, 1, 1), 2, 2, 2);
+    target.AddPoint(Coord3D(0, 0, 0), 100);
+    const auto copy = [&] { target = source; };
+    for (long n = 0; n < 11; ++n) {
+      EXPECT_TRUE(RunsOutOfMemory(n, copy)) << n;
+    }
+    const Coord3D one(1, 1, 1);
+    EXPECT_TRUE(RunsOutOfMemory(0, [&] { target.Initialise(Coord3D(), one, 4, 4, 4); }));
+    EXPECT_TRUE(RunsOutOfMemory(0, [&] { target.AddPoint(one, 101); }));
+    EXPECT_EQ(All(target), IDs{100});
+    EXPECT_FALSE(RunsOutOfMemory(11, copy));
+    EXPECT_EQ(All(target), All(source));
+  }
+  EXPECT_EQ(heap::liveBlocks, before);
+}
+
+TEST(Voxelation, MemoryGrowsWithDistinctIdentifiersOnly) {
+  const long before = heap::liveBytes;
+  Voxelation grid = TenCubed();
+  EXPECT_LE(heap::liveBytes - before, static_cast<long>(1001 * sizeof(void*)));
+  for (int64 i = 0; i < 100000; ++i) {
+    grid.AddPoint(Coord3D(5, 5, 5), i * 7919 % 1000);  // each of 1000 ids a hundred times
+  }
+  EXPECT_LE(heap::liveBytes - before, static_cast<long>(1001 * sizeof(void*) + 1000 * 40));
+  EXPECT_EQ(All(grid).size(), 1000u);
+}
+
+// Coordinates are whole or halves, so that the reference finds a voxel by rounding down.
+class VoxelationReference {
+ public:
+  static int Index(double c) { return std::clamp(static_cast<int>(std::floor(c)), 0, 7); }
+
+  template <class Visit>
+  static void ForEach(const Extent& e, Visit visit) {
+    for (int i = Index(e.min.x); i <= Index(e.max.x); ++i) {
+      for (int j = Index(e.min.y); j <= Index(e.max.y); ++j) {
+        for (int k = Index(e.min.z); k <= Index(e.max.z); ++k) {
+          visit(std::array{i, j, k});
+        }
+      }
+    }
+  }
+
+  void Add(const Extent& e, int64 id) {
+    ForEach(e, [&](const std::array<int, 3>& voxel) { ids_[voxel].insert(id); });
+  }
+  void Clear() { ids_.clear(); }
+  IDs Collect(const Extent& e, IDs ids) {
+    ForEach(e, [&](const std::array<int, 3>& voxel) {
+      ids.insert(ids_[voxel].begin(), ids_[voxel].end());
+    });
+    return ids;
+  }
+
+ private:
+  std::map<std::array<int, 3>, IDs> ids_;
+};
+
+TEST(Voxelation, AgreesWithAMapOfSets) {
+  std::mt19937_64 random(30);
+  const auto draw = [&random](int low, int high) {
+    return std::uniform_int_distribution<int>(low, high)(random);
+  };
+  const auto point = [&draw] {
+    return Coord3D(draw(-4, 20) / 2.0, draw(-4, 20) / 2.0, draw(-4, 20) / 2.0);
+  };
+  Voxelation grid(Coord3D(0, 0, 0), Coord3D(8, 8, 8), 8, 8, 8);
+  VoxelationReference reference;
+  constexpr int64 kExtremes[] = {std::numeric_limits<int64>::min(),
+                                 std::numeric_limits<int64>::max(), 0, 1, -1};
+  for (int step = 0; step < 6000; ++step) {
+    const int64 id = draw(0, 9) == 0 ? kExtremes[draw(0, 4)] : draw(-100, 400);
+    const Coord3D a = point();
+    Coord3D triangle[3] = {a, point(), point()};
+    const Extent box(a, a + Coord3D(draw(-1, 3), draw(-1, 3), draw(-1, 3)));  // may be inverted
+    IDs ids;
+    if (draw(0, 1) == 0) {
+      ids.insert(id);
+    }
+    IDs expected = ids;
+    switch (draw(0, 6)) {
+      case 0:
+        ASSERT_TRUE(grid.AddPoint(a, id));
+        reference.Add(Extent(a), id);
+        break;
+      case 1:
+        ASSERT_TRUE(grid.AddExtent(box, id));
+        reference.Add(box, id);
+        break;
+      case 2:
+        ASSERT_TRUE(grid.AddTriangle(triangle, id));
+        reference.Add(Extent(triangle[0], triangle[1], triangle[2]), id);
+        break;
+      case 3: {
+        const Coord3D half(draw(-1, 4), draw(-1, 4), draw(-1, 4));
+        expected = reference.Collect(Extent(a - half, a + half), ids);
+        ASSERT_EQ(grid.CollectIDsNear(ids, a, half.x, half.y, half.z), !expected.empty());
+        break;
+      }
+      case 4:
+        expected = reference.Collect(box, ids);
+        ASSERT_EQ(grid.CollectIDsIn(ids, box), !expected.empty());
+        break;
+      case 5: {
+        const int i = draw(-1, 8), j = draw(-1, 8), k = draw(-1, 8);
+        if (std::clamp(i, 0, 7) == i && std::clamp(j, 0, 7) == j && std::clamp(k, 0, 7) == k) {
+          expected = reference.Collect(Extent(Coord3D(i, j, k)), ids);
+        }
+        ASSERT_EQ(grid.CollectIDsAt(ids, i, j, k), !expected.empty());
+        break;
+      }
+      default:
+        if (draw(0, 500) == 0) {
+          ASSERT_TRUE(grid.Clear());
+          reference.Clear();
+        }
+    }
+    ASSERT_EQ(ids, expected) << "seed 30, step " << step;
+  }
+}
+
+}  // namespace
+}  // namespace zyl::geometry
