@@ -15,12 +15,20 @@ namespace zyl::geometry {
 struct Bounds3D;
 struct Extent;
 
+/// @addtogroup voxels
+/// @{
+
 /// Identifier that a caller gives to an object of its own; the library never interprets it.
 using int64 = std::int64_t;
+
+/// @}
 
 namespace internal {
 class IdList;
 }
+
+/// @addtogroup voxels
+/// @{
 
 /// Box divided into nx × ny × nz equal voxels, each with a set of identifiers.
 ///
@@ -40,14 +48,16 @@ class ZYL_GEOMETRY_API Voxelation {
  public:
   /// Indices of a voxel along x, y and z.
   struct Location {
-    int i = 0;
-    int j = 0;
-    int k = 0;
+    int i = 0;  ///< Along x, from 0.
+    int j = 0;  ///< Along y, from 0.
+    int k = 0;  ///< Along z, from 0.
   };
 
+  /// No grid.
   Voxelation();
   /// Grid as Initialise makes it, or none where Initialise returns false.
   Voxelation(const Coord3D& min, const Coord3D& max, int nx, int ny, int nz);
+  /// The same over the box between the corners of `bounds`.
   Voxelation(const Bounds3D& bounds, int nx, int ny, int nz);
   /// Copies the grid and everything in it.
   Voxelation(const Voxelation& other);
@@ -56,6 +66,7 @@ class ZYL_GEOMETRY_API Voxelation {
   ~Voxelation();
   /// If memory runs out, this stays as it was.
   Voxelation& operator=(const Voxelation& other);
+  /// Constant time, but for the release of what this held; leaves `other` without a grid.
   Voxelation& operator=(Voxelation&& other) noexcept;
 
   /// Makes an empty grid over the box and forgets the one before.
@@ -65,6 +76,7 @@ class ZYL_GEOMETRY_API Voxelation {
   /// index 0. If memory runs out, or the number of voxels cannot be addressed, std::bad_alloc is
   /// thrown and the grid before remains: for a moment the two exist at once.
   bool Initialise(const Coord3D& min, const Coord3D& max, int nx, int ny, int nz);
+  /// The same over the box between the corners of `bounds`.
   bool Initialise(const Bounds3D& bounds, int nx, int ny, int nz);
 
   /// Writes the number of voxels along x, y and z to dims[0], dims[1] and dims[2].
@@ -72,6 +84,7 @@ class ZYL_GEOMETRY_API Voxelation {
   /// Voxel that the point lies in. Along each axis what is below the box belongs to the first index
   /// and what is above, or on its upper face, to the last; a NaN coordinate to the first.
   bool Locate(double x, double y, double z, Location& loc) const;
+  /// Voxel that p lies in, likewise.
   bool Locate(const Coord3D& p, Location& loc) const;
   /// Box of the voxel. An index outside the grid gives the box at that place of the same lattice.
   bool GetVoxelExtent(const Location& loc, Extent& out);
@@ -93,6 +106,7 @@ class ZYL_GEOMETRY_API Voxelation {
   /// Adds the identifiers in one voxel to `ids`, which is never cleared, and returns whether it
   /// holds any then. Outside the grid there are none.
   bool CollectIDsAt(std::set<int64>& ids, int i, int j, int k) const;
+  /// The same for the voxel at `loc`.
   bool CollectIDsAt(std::set<int64>& ids, Location& loc) const;
   /// The same for all voxels that the box centre ± (rx, ry, rz) touches. With a negative half-width
   /// that box is inverted and may touch none.
@@ -118,5 +132,7 @@ class ZYL_GEOMETRY_API Voxelation {
   int ny_ = 0;
   int nz_ = 0;
 };
+
+/// @}
 
 }  // namespace zyl::geometry
