@@ -1,84 +1,144 @@
 #pragma once
 
-// Determinant and inverse of Matrix3 and Matrix4 by cofactors, compiled with the library's own
-// flags because an exactly zero determinant decides whether there is an inverse.
+// Determinant, adjugate and inverse of Matrix3 and Matrix4 by cofactors, compiled with the
+// library's own flags because an exactly zero determinant decides whether there is an inverse.
+//
+// A cofactor is a minor with a sign. Each minor is evaluated as if alone, from its rows and columns
+// in ascending order, but all of a matrix are formed at once: those of a Matrix4 then share their
+// 2 × 2 minors, and each vector instruction does the work of two.
 
 namespace zyl::geometry::internal {
 
-inline double Det2(double a, double b, double c, double d) { return a * d - b * c; }
+/// Two numbers that undergo the same arithmetic.
+struct Two {
+  double first;
+  double second;
+};
 
-/// Determinant of the rows (a, b, c), (d, e, f), (g, h, i).
-inline double Det3(double a, double b, double c, double d, double e, double f, double g, double h,
-                   double i) {
-  return a * Det2(e, f, h, i) - b * Det2(d, f, g, i) + c * Det2(d, e, g, h);
-}
+inline Two operator+(Two a, Two b) { return {a.first + b.first, a.second + b.second}; }
+inline Two operator-(Two a, Two b) { return {a.first - b.first, a.second - b.second}; }
+inline Two operator*(Two a, double b) { return {a.first * b, a.second * b}; }
+inline Two operator*(double a, Two b) { return {a * b.first, a * b.second}; }
 
-/// The i-th index, in ascending order, of those that are left without `skipped`.
-inline int Remaining(int i, int skipped) { return i < skipped ? i : i + 1; }
-
-inline double Minor(const double (&m)[3][3], int r, int c) {
-  const double* const top = m[Remaining(0, r)];
-  const double* const bottom = m[Remaining(1, r)];
-  const int left = Remaining(0, c);
-  const int right = Remaining(1, c);
-  return Det2(top[left], top[right], bottom[left], bottom[right]);
-}
-
-inline double Minor(const double (&m)[4][4], int r, int c) {
-  const double* const top = m[Remaining(0, r)];
-  const double* const middle = m[Remaining(1, r)];
-  const double* const bottom = m[Remaining(2, r)];
-  const int left = Remaining(0, c);
-  const int centre = Remaining(1, c);
-  const int right = Remaining(2, c);
-  return Det3(top[left], top[centre], top[right], middle[left], middle[centre], middle[right],
-              bottom[left], bottom[centre], bottom[right]);
-}
-
+/// Two rows of a matrix side by side; indexed like one of them.
 template <int N>
-double Cofactor(const double (&m)[N][N], int r, int c) {
-  const double minor = Minor(m, r, c);
-  return (r + c) % 2 == 0 ? minor : -minor;
-}
-
-/// Expansion along the first column, `cofactors` being those of its elements.
-template <int N>
-double Expand(const double (&m)[N][N], const double (&cofactors)[N]) {
-  double sum = m[0][0] * cofactors[0];
-  for (int r = 1; r < N; ++r) {
-    sum += m[r][0] * cofactors[r];
-  }
-  return sum;
-}
-
-template <int N>
-double Determinant(const double (&m)[N][N]) {
-  double cofactors[N];
-  for (int r = 0; r < N; ++r) {
-    cofactors[r] = Cofactor(m, r, 0);
-  }
-  return Expand(m, cofactors);
-}
-
-template <int N>
-void WriteAdjugate(const double (&m)[N][N], double (&out)[N][N]) {
-  for (int r = 0; r < N; ++r) {
+class TwoRows {
+ public:
+  TwoRows(const double (&first)[N], const double (&second)[N]) {
     for (int c = 0; c < N; ++c) {
-      out[c][r] = Cofactor(m, r, c);
+      columns_[c] = {first[c], second[c]};
     }
   }
+  Two operator[](int c) const { return columns_[c]; }
+
+ private:
+  Two columns_[N];
+};
+
+/// Determinant of two columns of two rows. A row is an array of doubles or a TwoRows.
+template <typename Upper, typename Lower>
+auto Det2(const Upper& upper, const Lower& lower, int left, int right) {
+  return upper[left] * lower[right] - upper[right] * lower[left];
+}
+
+/// Determinant of a row, whose elements are given, above the 2 × 2 minors that belong to them.
+template <typename Top, typename Minor>
+auto Det3(Top a, Top b, Top c, Minor withoutA, Minor withoutB, Minor withoutC) {
+  return a * withoutA - b * withoutB + c * withoutC;
+}
+
+/// What three rows, one of them a TwoRows, leave without each of their columns in turn.
+struct FourMinors {
+  Two without[4];
+
+  template <typename Top, typename Middle, typename Bottom>
+  FourMinors(const Top& top, const Middle& middle, const Bottom& bottom) {
+    const auto m01 = Det2(middle, bottom, 0, 1);
+    const auto m02 = Det2(middle, bottom, 0, 2);
+    const auto m03 = Det2(middle, bottom, 0, 3);
+    const auto m12 = Det2(middle, bottom, 1, 2);
+    const auto m13 = Det2(middle, bottom, 1, 3);
+    const auto m23 = Det2(middle, bottom, 2, 3);
+    without[0] = Det3(top[1], top[2], top[3], m23, m13, m12);
+    without[1] = Det3(top[0], top[2], top[3], m23, m03, m02);
+    without[2] = Det3(top[0], top[1], top[3], m13, m03, m01);
+    without[3] = Det3(top[0], top[1], top[2], m12, m02, m01);
+  }
+};
+
+/// The same for two rows, one of which may be a TwoRows.
+template <typename Minor>
+struct ThreeMinors {
+  Minor without[3];
+
+  template <typename Upper, typename Lower>
+  ThreeMinors(const Upper& upper, const Lower& lower)
+      : without{Det2(upper, lower, 1, 2), Det2(upper, lower, 0, 2), Det2(upper, lower, 0, 1)} {}
+};
+
+/// All minors: without row 0 or row 1, and without row 2 or row 3, if there is one.
+template <int N>
+struct Minors;
+
+template <>
+struct Minors<4> {
+  FourMinors upper;
+  FourMinors lower;
+
+  explicit Minors(const double (&m)[4][4])
+      : upper(TwoRows<4>(m[1], m[0]), m[2], m[3]), lower(m[0], m[1], TwoRows<4>(m[3], m[2])) {}
+};
+
+template <>
+struct Minors<3> {
+  ThreeMinors<Two> upper;
+  ThreeMinors<double> lower;
+
+  explicit Minors(const double (&m)[3][3])
+      : upper(TwoRows<3>(m[1], m[0]), m[2]), lower(m[0], m[1]) {}
+};
+
+/// Expansion along the first column.
+template <int N>
+double Expand(const double (&m)[N][N], const Minors<N>& minors) {
+  const Two upper = minors.upper.without[0];
+  const auto lower = minors.lower.without[0];
+  if constexpr (N == 3) {
+    return m[0][0] * upper.first - m[1][0] * upper.second + m[2][0] * lower;
+  } else {
+    return m[0][0] * upper.first - m[1][0] * upper.second + m[2][0] * lower.first -
+           m[3][0] * lower.second;
+  }
+}
+
+inline void Store(Two minors, Two factors, double* out) {
+  out[0] = minors.first * factors.first;
+  out[1] = minors.second * factors.second;
+}
+inline void Store(double minor, Two factors, double* out) { out[0] = minor * factors.first; }
+
+/// Transposed minors times `factor`, with the signs of cofactors.
+template <typename Matrix, int N>
+Matrix Adjugate(const Minors<N>& minors, double factor) {
+  const Two even{factor, -factor};
+  const Two odd{-factor, factor};
+  Matrix adjugate;
+  for (int c = 0; c < N; ++c) {
+    Store(minors.upper.without[c], c % 2 == 0 ? even : odd, &adjugate.m[c][0]);
+    Store(minors.lower.without[c], c % 2 == 0 ? even : odd, &adjugate.m[c][2]);
+  }
+  return adjugate;
 }
 
 /// Throws Matrix::NonInvertableException if the determinant is exactly 0.
-template <typename Matrix>
-Matrix InverseOf(const Matrix& a) {
-  Matrix inverse;
-  WriteAdjugate(a.m, inverse.m);
-  const double determinant = Expand(a.m, inverse.m[0]);
+template <typename Matrix, int N>
+Matrix Inverse(const double (&m)[N][N]) {
+  const Minors<N> minors(m);
+  const double determinant = Expand(m, minors);
   if (determinant == 0.0) {
     throw typename Matrix::NonInvertableException();
   }
-  return inverse *= 1.0 / determinant;
+  return Adjugate<Matrix>(minors, 1.0 / determinant);
 }
 
 }  // namespace zyl::geometry::internal

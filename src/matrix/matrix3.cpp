@@ -43,16 +43,14 @@ void Matrix3::Scale(double s) {
   }
 }
 
-double Matrix3::Cofactor(int r, int c) const { return internal::Cofactor(m, r, c); }
+double Matrix3::Cofactor(int r, int c) const { return Adjoint()[c][r]; }
 
-double Matrix3::Det() const { return internal::Determinant(m); }
+double Matrix3::Det() const { return internal::Expand(m, internal::Minors<3>(m)); }
 
 Matrix3 Matrix3::Adjoint() const {
-  Matrix3 adjugate;
-  internal::WriteAdjugate(m, adjugate.m);
-  return adjugate;
+  return internal::Adjugate<Matrix3>(internal::Minors<3>(m), 1.0);
 }
 
-Matrix3 Matrix3::Inverse() const { return internal::InverseOf(*this); }
+Matrix3 Matrix3::Inverse() const { return internal::Inverse<Matrix3>(m); }
 
 }  // namespace zyl::geometry

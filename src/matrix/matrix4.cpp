@@ -75,17 +75,15 @@ void Matrix4::Translate(double tx, double ty, double tz) {
   }
 }
 
-double Matrix4::Cofactor(int r, int c) const { return internal::Cofactor(m, r, c); }
+double Matrix4::Cofactor(int r, int c) const { return Adjoint()[c][r]; }
 
-double Matrix4::Det() const { return internal::Determinant(m); }
+double Matrix4::Det() const { return internal::Expand(m, internal::Minors<4>(m)); }
 
 Matrix4 Matrix4::Adjoint() const {
-  Matrix4 adjugate;
-  internal::WriteAdjugate(m, adjugate.m);
-  return adjugate;
+  return internal::Adjugate<Matrix4>(internal::Minors<4>(m), 1.0);
 }
 
-Matrix4 Matrix4::Inverse() const { return internal::InverseOf(*this); }
+Matrix4 Matrix4::Inverse() const { return internal::Inverse<Matrix4>(m); }
 
 void Matrix4::ToString() const {
   for (const auto& row : m) {

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <limits>
 #include <random>
 #include <type_traits>
@@ -166,17 +167,47 @@ TYPED_TEST(SquareMatrix, DeterminantsAndCofactorsAreExactOnWholeNumbers) {
   }
 }
 
-TYPED_TEST(SquareMatrix, InverseIsTheAdjugateTimesTheReciprocalOfTheDeterminant) {
+// Minors as textbooks write them, rows and columns in ascending order.
+double PlainMinor(const Matrix3& m, const int* r, const int* c) {
+  return m[r[0]][c[0]] * m[r[1]][c[1]] - m[r[0]][c[1]] * m[r[1]][c[0]];
+}
+
+double PlainMinor(const Matrix4& m, const int* r, const int* c) {
+  const auto minor2 = [&](int left, int right) {
+    return m[r[1]][c[left]] * m[r[2]][c[right]] - m[r[1]][c[right]] * m[r[2]][c[left]];
+  };
+  return m[r[0]][c[0]] * minor2(1, 2) - m[r[0]][c[1]] * minor2(0, 2) + m[r[0]][c[2]] * minor2(0, 1);
+}
+
+template <typename Matrix>
+double PlainCofactor(const Matrix& m, int r, int c) {
+  constexpr int kWithout[4][3] = {{1, 2, 3}, {0, 2, 3}, {0, 1, 3}, {0, 1, 2}};
+  const double minor = PlainMinor(m, kWithout[r], kWithout[c]);
+  return (r + c) % 2 == 0 ? minor : -minor;
+}
+
+bool SameBits(double a, double b) { return std::memcmp(&a, &b, sizeof(a)) == 0; }
+
+// Fractions, and often zeros of either sign, so that rounding and the signs of zeros show.
+TYPED_TEST(SquareMatrix, InverseIsBitForBitThatOfThePlainFormula) {
   SCOPED_TRACE(TestFixture::kSeed);
-  for (int i = 0; i < 100; ++i) {
-    const TypeParam a = this->Random();
-    if (a.Det() == 0) {
+  for (int i = 0; i < 2000; ++i) {
+    TypeParam m = this->Random(i % 2 == 0 ? 2 : 1000);
+    m *= i % 3 == 0 ? -1.0 : 1 / 3.0;
+    double det = m[0][0] * PlainCofactor(m, 0, 0);
+    for (int r = 1; r < TestFixture::kN; ++r) {
+      det += m[r][0] * PlainCofactor(m, r, 0);
+    }
+    ASSERT_EQ(m.Det(), det);
+    if (det == 0) {
       continue;
     }
-    const TypeParam inverse = a.Inverse();
+    const TypeParam inverse = m.Inverse();
     for (int r = 0; r < TestFixture::kN; ++r) {
       for (int c = 0; c < TestFixture::kN; ++c) {
-        ASSERT_EQ(inverse[r][c], this->ExactCofactor(a, c, r) * (1 / this->ExactDeterminant(a)));
+        const double cofactor = PlainCofactor(m, r, c);
+        ASSERT_PRED2(SameBits, m.Cofactor(r, c), cofactor);
+        ASSERT_PRED2(SameBits, inverse[c][r], cofactor * (1 / det));
       }
     }
   }
