@@ -8,6 +8,7 @@
 #include "predicates/predicates.h"
 #include "trimake/adjacency.h"
 #include "trimake/allocation.h"
+#include "trimake/breaklines.h"
 #include "trimake/divide_conquer.h"
 #include "trimake/extraction.h"
 
@@ -129,6 +130,7 @@ class Build {
 
  private:
   void MakeVertices(const SortedPoint* sorted, int count);
+  void InsertBreaklines(const int* indexMap);
 
   TrimakeState& state_;
   const int n_;
@@ -164,6 +166,14 @@ void Build::MakeVertices(const SortedPoint* sorted, int count) {
   state_.vertexCount = count;
 }
 
+void Build::InsertBreaklines(const int* indexMap) {
+  const MallocArray<int> inverseMap = NewArray<int>(static_cast<std::size_t>(n_), kOutOfMemory);
+  for (int k = 0; k < count_; ++k) {
+    inverseMap[verts_[k].source] = k;
+  }
+  tri_Insert_Breaklines(state_, n_, inverseMap.get(), indexMap, verts_);
+}
+
 int Build::Run(const Survey& survey, int* outTriangleCount) {
   state_.points = points_;
   scale_ = ScaleFor(survey.largest);
@@ -187,6 +197,9 @@ int Build::Run(const Survey& survey, int* outTriangleCount) {
   state_.extendedFallback = true;
   if (tri_Divide_Conquer(state_, count_, verts_) < 0) {
     return kNotTriangulated;
+  }
+  if (survey.hasBreaklines) {
+    InsertBreaklines(indexMap.get());
   }
   if (outTriangleCount != nullptr && state_.outTriangles != nullptr) {
     tri_Extract(state_, {verts_, count_, points_, n_, 1 / scale_}, outTriangleCount);
