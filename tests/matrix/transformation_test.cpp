@@ -36,6 +36,12 @@ TEST(Transformation3D, HoldsItsCoefficientsColumnByColumn) {
   EXPECT_EQ(other.transform(Coord3D()), Coord3D(1, 2, 3));
 }
 
+TEST(Transformation3D, TranslatesByItsFourthColumn) {
+  double k[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 5, 6, 7, 1};
+  EXPECT_EQ(Transformation3D(k).transform(Coord3D(1, 1, 1)), Coord3D(6, 7, 8));
+  EXPECT_EQ(Transformation3D(k).inverse_transform(Coord3D(6, 7, 8)), Coord3D(1, 1, 1));
+}
+
 TEST(Transformation3D, BecomesAMatrixThatMapsPointsAlike) {
   Coefficients given;
   const Matrix4 m{Transformation3D(given.k)};

@@ -46,6 +46,13 @@ TEST(Ellipsoid, PointsNorthAtZeroAndBecomesASphere) {
   }
 }
 
+TEST(Ellipsoid, MetricTellsWhatLiesInside) {
+  const Ellipsoid search(Coord3D(10, 5, 2), Coord3D(90, 0, 0));
+  Coord3D centre(100, 200, 50);
+  EXPECT_NEAR(centre.SquaredDistance(Coord3D(108, 200, 50), search.matrix), 64, 1e-12);
+  EXPECT_NEAR(centre.SquaredDistance(Coord3D(100, 206, 50), search.matrix), 144, 1e-12);
+}
+
 // The axes by compass and by turning: the semi-major one starts horizontal, left of the major.
 TEST(Ellipsoid, AxesFollowBearingInclinationAndTurn) {
   constexpr unsigned kSeed = 36;
