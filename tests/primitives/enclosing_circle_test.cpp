@@ -1,0 +1,261 @@
+#include "zyl/geometry/enclosing_circle.h"
+
+#include <gmpxx.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <set>
+
+#include "zyl/geometry/polyline3d.h"
+
+namespace {
+
+using zyl::geometry::EncCircle;
+using zyl::geometry::Point3D;
+using zyl::geometry::Polyline3D;
+using zyl::geometry::SmallestEnclosingCircle;
+using Points = std::vector<Point3D>;
+
+double Distance(const EncCircle& circle, const Point3D& p) {
+  const double dx = p.x - circle.x;
+  const double dy = p.y - circle.y;
+  return std::sqrt(dy * dy + dx * dx);
+}
+
+void ExpectCircle(const EncCircle& circle, double x, double y, double radius) {
+  EXPECT_DOUBLE_EQ(circle.x, x);
+  EXPECT_DOUBLE_EQ(circle.y, y);
+  EXPECT_DOUBLE_EQ(circle.radius, radius);
+}
+
+TEST(SmallestEnclosingCircle, OfAFewPoints) {
+  ExpectCircle(SmallestEnclosingCircle(Points{}), 0, 0, 0);
+  ExpectCircle(SmallestEnclosingCircle(Points{{3, 4, 5}}), 3, 4, 0);
+  ExpectCircle(SmallestEnclosingCircle(Points{{0, 0, 0}, {2, 0, 9}}), 1, 0, 1);
+  ExpectCircle(SmallestEnclosingCircle(Points{{0, 0, 0}, {4, 0, 0}, {2, 1, 9}}), 2, 0, 2);
+  ExpectCircle(SmallestEnclosingCircle(Points{{1, 0, 0}, {0, 0, 0}, {3, 0, 0}}), 1.5, 0, 1.5);
+  ExpectCircle(SmallestEnclosingCircle(Points{{-3, 4, 0}, {3, 4, 0}, {0, -5, 0}}), 0, 0, 5);
+  ExpectCircle(SmallestEnclosingCircle(Points{{0, 0, 0}, {2, 0, 1}, {2, 2, 2}, {0, 2, 3}}), 1, 1,
+               std::sqrt(2.0));
+  ExpectCircle(SmallestEnclosingCircle(Points(5, Point3D(7, 8, 9))), 7, 8, 0);
+}
+
+TEST(SmallestEnclosingCircle, OfArraysDropsAClosingPoint) {
+  double x[] = {0, 4, 0};
+  double y[] = {0, 2, 0};
+  double z[] = {1, 1, 1};
+  const Points points = {{0, 0, 1}, {4, 2, 1}, {0, 0, 1}};
+  for (const EncCircle& circle :
+       {SmallestEnclosingCircle(3, x, y, z), SmallestEnclosingCircle(3, points.data()),
+        SmallestEnclosingCircle(Polyline3D(points))}) {
+    ExpectCircle(circle, 2, 1, std::sqrt(5.0));
+  }
+  ExpectCircle(SmallestEnclosingCircle(0, nullptr), 0, 0, 0);
+}
+
+// A point set of one of six shapes about the size of 1, moved by `offset`.
+Points Draw(int shape, int count, double offset, std::mt19937_64& random) {
+  std::uniform_real_distribution<double> unit(-1, 1);
+  Points points;
+  for (int i = 0; i < count; ++i) {
+    const double angle = 3.14159265358979 * unit(random);
+    const double noise[] = {0, 1e-10, 1e-8};
+    const double r = 1 + noise[shape % 3] * unit(random);
+    Point3D p(r * std::cos(angle), r * std::sin(angle), unit(random));
+    if (shape == 3) {  // spread out
+      p = {unit(random), unit(random), 0};
+    } else if (shape == 4) {  // hardly outside the circle over the first two
+      const double e = 1e-8 * unit(random);
+      p = i < 2 ? Point3D(2 * i - 1, 0, 0) : Point3D(10 * e, (i % 2 == 0 ? 1 : -1) * (1 + e), 0);
+    } else if (shape == 5) {  // a grid with many repetitions
+      p = {std::floor(4 * unit(random)), std::floor(4 * unit(random)), 0};
+    }
+    points.emplace_back(p.x + offset, p.y + 0.7 * offset, p.z);
+  }
+  return points;
+}
+
+struct Exact {
+  mpq_class x, y, squaredRadius;
+};
+
+mpq_class SquaredDistance(const Exact& c, const Point3D& p) {
+  const mpq_class dx = p.x - c.x;
+  const mpq_class dy = p.y - c.y;
+  return dx * dx + dy * dy;
+}
+
+Exact Through(const Point3D& a, const Point3D& b, const Point3D& c) {
+  const mpq_class bx = mpq_class(b.x) - a.x, by = mpq_class(b.y) - a.y;
+  const mpq_class cx = mpq_class(c.x) - a.x, cy = mpq_class(c.y) - a.y;
+  const mpq_class d = 2 * (bx * cy - by * cx);
+  Exact circle{(mpq_class(a.x) + b.x) / 2, (mpq_class(a.y) + b.y) / 2, 0};
+  if (d != 0) {
+    const mpq_class b2 = bx * bx + by * by, c2 = cx * cx + cy * cy;
+    circle.x = a.x + (cy * b2 - by * c2) / d;
+    circle.y = a.y + (bx * c2 - cx * b2) / d;
+  }
+  circle.squaredRadius = SquaredDistance(circle, a);
+  return circle;
+}
+
+// Radius of the smallest circle through two or three of the points that contains all of them.
+double BruteForceRadius(const Points& points) {
+  mpq_class smallest = -1;
+  for (auto a = points.begin(); a != points.end(); ++a) {
+    for (auto b = points.begin(); b != a; ++b) {
+      for (auto c = points.begin(); c <= b; ++c) {
+        const Exact circle = Through(*a, *b, *c);  // over a and b if c is b
+        if ((smallest < 0 || circle.squaredRadius < smallest) &&
+            std::all_of(points.begin(), points.end(), [&circle](const Point3D& p) {
+              return SquaredDistance(circle, p) <= circle.squaredRadius;
+            })) {
+          smallest = circle.squaredRadius;
+        }
+      }
+    }
+  }
+  return std::sqrt(smallest.get_d());
+}
+
+// What is promised of coordinates about `offset`.
+double Tolerance(double offset, double radius) {
+  return 64 * (std::nextafter(offset + 1, 1e300) - (offset + 1)) + 1e-9 * radius;
+}
+
+double MostOutside(const Points& points, const EncCircle& circle) {
+  double most = 0;
+  for (const Point3D& p : points) {
+    most = std::max(most, Distance(circle, p) - circle.radius);
+  }
+  return most;
+}
+
+TEST(SmallestEnclosingCircle, IsThatOfAnExactSearchThroughAllPairsAndTriples) {
+  std::mt19937_64 random(40);
+  for (const double offset : {0.0, 1.0, 1e4, 1e6, 1e7}) {
+    for (int run = 0; run < 300; ++run) {
+      const Points points = Draw(run % 6, 4 + run % 5, offset, random);
+      const EncCircle circle = SmallestEnclosingCircle(points);
+      const double tolerance = Tolerance(offset, circle.radius);
+      ASSERT_LE(MostOutside(points, circle), tolerance) << offset << ' ' << run;
+      ASSERT_NEAR(circle.radius, BruteForceRadius(points), tolerance) << offset << ' ' << run;
+    }
+  }
+}
+
+TEST(SmallestEnclosingCircle, KeepsItsSizeWhenTheSiteIsMoved) {
+  for (int run = 0; run < 60; ++run) {
+    std::mt19937_64 random(run);
+    std::mt19937_64 again(run);
+    const EncCircle near = SmallestEnclosingCircle(Draw(run % 6, 1000, 0, random));
+    const Points points = Draw(run % 6, 1000, 1e7, again);
+    const EncCircle far = SmallestEnclosingCircle(points);
+    ASSERT_LE(MostOutside(points, far), Tolerance(1e7, 1)) << run;
+    ASSERT_NEAR(far.radius, near.radius, Tolerance(1e7, 1)) << run;
+  }
+}
+
+// The plain iteration: the largest of the four circles, and the farthest point for the one that
+// circle leaves out. False if it would never end.
+bool PlainIteration(const Points& p, EncCircle& circle) {
+  const auto byX = [](const Point3D& a, const Point3D& b) { return a.x < b.x; };
+  const auto byY = [](const Point3D& a, const Point3D& b) { return a.y < b.y; };
+  const auto greaterX = [](const Point3D& a, const Point3D& b) { return a.x > b.x; };
+  const auto greaterY = [](const Point3D& a, const Point3D& b) { return a.y > b.y; };
+  std::array<Points::const_iterator, 4> s = {
+      std::min_element(p.begin(), p.end(), byX), std::min_element(p.begin(), p.end(), greaterX),
+      std::min_element(p.begin(), p.end(), byY), std::min_element(p.begin(), p.end(), greaterY)};
+  std::set<std::array<Points::const_iterator, 4>> seen;
+  while (seen.insert(s).second) {
+    circle.radius = 0;
+    std::size_t spare = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+      Points three;
+      for (std::size_t j = 0; j < 4; ++j) {
+        if (j != i) {
+          three.push_back(*s[j]);
+        }
+      }
+      const EncCircle candidate = SmallestEnclosingCircle(three);
+      if (candidate.radius > circle.radius) {
+        circle = candidate;
+        spare = i;
+      }
+    }
+    const auto farthest =
+        std::max_element(p.begin(), p.end(), [&circle](const Point3D& a, const Point3D& b) {
+          return Distance(circle, a) < Distance(circle, b);
+        });
+    if (Distance(circle, *farthest) <= circle.radius * 1.00000000001) {
+      return true;
+    }
+    s[spare] = farthest;
+  }
+  return false;
+}
+
+// Whether the plain iteration ends, and then its answer is expected to the last bit.
+bool ExpectPlain(const Points& points) {
+  EncCircle plain;
+  if (!PlainIteration(points, plain)) {
+    return false;
+  }
+  const EncCircle circle = SmallestEnclosingCircle(points);
+  EXPECT_TRUE(circle.x == plain.x && circle.y == plain.y && circle.radius == plain.radius);
+  return true;
+}
+
+TEST(SmallestEnclosingCircle, IsThatOfThePlainIterationBitForBitWhereThatEnds) {
+  std::mt19937_64 random(41);
+  int ended = 0;
+  for (const double offset : {0.0, 1e4, 1e7, 1e13, 1e15}) {
+    for (int run = 0; run < 1200; ++run) {
+      ended += ExpectPlain(Draw(run % 6, 4 + run % 30, offset, random)) ? 1 : 0;
+      ASSERT_FALSE(HasFailure()) << "seed 41, " << offset << ' ' << run;
+    }
+  }
+  EXPECT_GT(ended, 3000);
+  EXPECT_LT(ended, 6000);
+}
+
+// Of two points equally far, whose squared distances differ by rounding, the first is taken.
+TEST(SmallestEnclosingCircle, TakesTheFirstOfPointsEquallyFar) {
+  EXPECT_TRUE(ExpectPlain(
+      {{2, 0, 0}, {2, 4, 0}, {2, 0, 0}, {3, 0, 0}, {4, 2, 0}, {1, 2, 0}, {0, 1, 0}, {0, 3, 0}}));
+}
+
+TEST(SmallestEnclosingCircle, AnswersWhateverTheCoordinates) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const double values[] = {0,
+                           1,
+                           -1,
+                           1e-300,
+                           1e154,
+                           1e300,
+                           -1e308,
+                           5e-324,
+                           1e16,
+                           1e16 + 2,
+                           kInfinity,
+                           -kInfinity,
+                           std::numeric_limits<double>::quiet_NaN()};
+  std::mt19937_64 random(42);
+  for (int run = 0; run < 20000; ++run) {
+    Points points(1 + random() % 8);
+    for (Point3D& p : points) {
+      p = {values[random() % std::size(values)], values[random() % std::size(values)], 0};
+    }
+    SmallestEnclosingCircle(points);  // ends
+  }
+  const double nan = values[std::size(values) - 1];
+  ExpectCircle(
+      SmallestEnclosingCircle(Points{{1, 0, 0}, {0, 0, 0}, {2, 0, 0}, {nan, nan, 0}, {1, 0.5, 0}}),
+      1, 0, 1);
+}
+
+}  // namespace
