@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "zyl/geometry/matrix4.h"
+#include "zyl/geometry/triangle.h"
 
 namespace zyl::geometry {
 
@@ -21,6 +22,8 @@ Plane::Plane(const Direction& normal, const Point3D& p) : Plane(normal, Coord3D(
 Plane::Plane(const Coord3D& p0, const Coord3D& p1, const Coord3D& p2) { Init(p0, p1, p2); }
 
 Plane::Plane(const Coord3D* const points) { Init(points[0], points[1], points[2]); }
+
+Plane::Plane(const Triangle& triangle) { Init(triangle.p0, triangle.p1, triangle.p2); }
 
 Plane::Plane(const Coord3D& p, const Coord3D& q, double dip) { Init(p, q, dip); }
 

@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <random>
 #include <type_traits>
+
+#include "support/wide_distance.h"
 
 namespace {
 
@@ -142,44 +143,6 @@ TEST(Segment, ThresholdsBetweenSegmentsAreAbsolute) {
   EXPECT_NEAR(longer.distance, 1 - 4e-4, 1e-15);
 }
 
-// Reference distances in long double: the foot by division, clamped; of two segments, the convex
-// distance from a point running along the one to the other, narrowed down by thirds.
-struct Wide {
-  long double x, y, z;
-  Wide(const Coord3D& c) : x(c.x), y(c.y), z(c.z) {}
-  Wide(long double x_, long double y_, long double z_) : x(x_), y(y_), z(z_) {}
-};
-
-Wide Between(const Wide& a, const Wide& b, long double t) {
-  return {a.x + t * (b.x - a.x), a.y + t * (b.y - a.y), a.z + t * (b.z - a.z)};
-}
-
-long double WideDistance(const Wide& a, const Wide& b) {
-  return std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y) +
-                   (a.z - b.z) * (a.z - b.z));
-}
-
-long double WideDistance(const Wide& p, const Segment& segment) {
-  const Wide a = segment.start;
-  const Wide b = segment.end;
-  const long double along =
-      (p.x - a.x) * (b.x - a.x) + (p.y - a.y) * (b.y - a.y) + (p.z - a.z) * (b.z - a.z);
-  const long double length = WideDistance(a, b);
-  return WideDistance(p, Between(a, b, std::clamp(along / (length * length), 0.0L, 1.0L)));
-}
-
-long double WideDistance(const Segment& one, const Segment& other) {
-  long double low = 0;
-  long double high = 1;
-  for (int i = 0; i < 120; ++i) {
-    const long double third = (high - low) / 3;
-    const bool dropHigh = WideDistance(Between(one.start, one.end, low + third), other) <
-                          WideDistance(Between(one.start, one.end, high - third), other);
-    (dropHigh ? high : low) += dropHigh ? -third : third;
-  }
-  return WideDistance(Between(one.start, one.end, low), other);
-}
-
 TEST(Segment, NearestPointsAgreeWithAWiderSearch) {
   constexpr unsigned kSeed = 34;
   SCOPED_TRACE(kSeed);
@@ -197,15 +160,14 @@ TEST(Segment, NearestPointsAgreeWithAWiderSearch) {
       continue;
     }
     const Nearest toPoint = NearestTo(one, p);
-    const double beside = static_cast<double>(WideDistance(p, one));
+    const double beside = wide::Distance(p, wide::Segment(one));
     ASSERT_NEAR(toPoint.distance, beside, 3e-7);  // the angle holds half of the digits
     ASSERT_NEAR(toPoint.point.Distance(p), beside, 1e-12);
-    ASSERT_NEAR(static_cast<double>(WideDistance(toPoint.point, one)), 0, 1e-12);
+    ASSERT_NEAR(wide::Distance(toPoint.point, wide::Segment(one)), 0, 1e-12);
 
     const Nearest toSegment = NearestTo(one, other);
-    ASSERT_NEAR(toSegment.distance, static_cast<double>(WideDistance(one, other)), 1e-8);
-    ASSERT_NEAR(static_cast<double>(WideDistance(toSegment.point, other)), toSegment.distance,
-                1e-8);
+    ASSERT_NEAR(toSegment.distance, wide::Distance(wide::Segment(one), wide::Segment(other)), 1e-8);
+    ASSERT_NEAR(wide::Distance(toSegment.point, wide::Segment(other)), toSegment.distance, 1e-8);
     ASSERT_NEAR(toSegment.distance, other.Distance(one), 1e-8);
   }
 }
