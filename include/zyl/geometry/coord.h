@@ -216,8 +216,8 @@ struct ZYL_GEOMETRY_API Coord3D {
   }
 };
 
-constexpr Point3D::Point3D(const Coord3D& c) : x(c.x), y(c.y), z(c.z) {}
-
 /// @}
+
+constexpr Point3D::Point3D(const Coord3D& c) : x(c.x), y(c.y), z(c.z) {}
 
 }  // namespace zyl::geometry

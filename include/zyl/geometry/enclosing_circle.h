@@ -12,12 +12,15 @@ namespace zyl::geometry {
 
 class Polyline3D;
 
+/// @addtogroup primitives
+/// @{
+
 /// Circle in the x-y plane: centre and radius.
 class ZYL_GEOMETRY_API EncCircle {
  public:
-  double x = 0.0;
-  double y = 0.0;
-  double radius = 0.0;
+  double x = 0.0;       ///< Of the centre.
+  double y = 0.0;       ///< Of the centre.
+  double radius = 0.0;  ///< In the units of the coordinates.
 };
 
 /// Smallest circle that contains the points, whose z does not matter.
@@ -38,6 +41,9 @@ ZYL_GEOMETRY_API EncCircle SmallestEnclosingCircle(const Polyline3D& polyline);
 /// The same of a Polyline3D made from the arrays, which drops a last point that repeats the first.
 ZYL_GEOMETRY_API EncCircle SmallestEnclosingCircle(unsigned int count, double* const x,
                                                    double* const y, double* const z);
+/// The same of a Polyline3D made from the array, with the same loss; a null array has no points.
 ZYL_GEOMETRY_API EncCircle SmallestEnclosingCircle(unsigned int count, const Point3D* const points);
+
+/// @}
 
 }  // namespace zyl::geometry
