@@ -30,4 +30,14 @@ MallocArray<T> NewArray(std::size_t count, const char* message) {
   return MallocArray<T>(static_cast<T*>(memory));
 }
 
+/// The same, all bytes zero. Large arrays come as untouched zero pages from the system.
+template <class T>
+MallocArray<T> NewZeroedArray(std::size_t count, const char* message) {
+  void* const memory = std::calloc(count + (count == 0), sizeof(T));
+  if (memory == nullptr) {
+    throw OutOfMemory(message);
+  }
+  return MallocArray<T>(static_cast<T*>(memory));
+}
+
 }  // namespace zyl::geometry::internal

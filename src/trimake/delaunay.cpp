@@ -11,14 +11,12 @@
 #include "trimake/breaklines.h"
 #include "trimake/divide_conquer.h"
 #include "trimake/extraction.h"
+#include "trimake/point_order.h"
 
 namespace zyl::geometry::internal {
 namespace {
 
 constexpr char kOutOfMemory[] = "tri_Create_Delaunay: out of memory";
-
-// Squared distance up to which two points are one vertex.
-constexpr double kDuplicate2 = 1e-16;
 
 // Below 2^201 nothing in a predicate overflows.
 constexpr int kLargestExponent = 201;
@@ -42,49 +40,6 @@ Survey SurveyPoints(int n, const TPoint* points) {
   }
   survey.hasInfinity = std::isinf(survey.largest);
   return survey;
-}
-
-// A sort over pointers would fetch two points from all over the input for every comparison.
-struct SortedPoint {
-  double x;
-  double y;
-  int index;
-};
-
-// Points of one position keep their order of input, so that the result does not depend on the
-// sort.
-bool ComesBefore(const SortedPoint& a, const SortedPoint& b) {
-  if (a.x != b.x) {
-    return a.x < b.x;
-  }
-  return a.y != b.y ? a.y < b.y : a.index < b.index;
-}
-
-MallocArray<SortedPoint> SortPoints(int n, const TPoint* points) {
-  MallocArray<SortedPoint> sorted =
-      NewArray<SortedPoint>(static_cast<std::size_t>(n), kOutOfMemory);
-  for (int i = 0; i < n; ++i) {
-    sorted[i] = {points[i].x, points[i].y, i};
-  }
-  std::sort(sorted.get(), sorted.get() + n, ComesBefore);
-  return sorted;
-}
-
-// Moves the distinct points to the front and returns their number. A point is compared with the
-// last distinct one alone. Fills the map from a point to the one it is the same as, if given.
-int MergeDuplicates(int n, SortedPoint* sorted, int* indexMap) {
-  int last = 0;
-  for (int i = 0; i < n; ++i) {
-    const double dx = sorted[i].x - sorted[last].x;
-    const double dy = sorted[i].y - sorted[last].y;
-    if (dx * dx + dy * dy > kDuplicate2) {
-      sorted[++last] = sorted[i];
-    }
-    if (indexMap != nullptr) {
-      indexMap[sorted[i].index] = sorted[last].index;
-    }
-  }
-  return last + 1;
 }
 
 // Power of two that brings coordinates of this size into the range of the predicates; 1 for any
@@ -129,7 +84,7 @@ class Build {
   int Run(const Survey& survey, int* outTriangleCount);
 
  private:
-  void MakeVertices(const SortedPoint* sorted, int count);
+  void MakeVertices(const TSortedPoint* sorted, int count);
   void InsertBreaklines(const int* indexMap);
 
   TrimakeState& state_;
@@ -152,12 +107,12 @@ Build::~Build() {
   state_.points = nullptr;
 }
 
-void Build::MakeVertices(const SortedPoint* sorted, int count) {
+void Build::MakeVertices(const TSortedPoint* sorted, int count) {
   count_ = count;
   block_ = NewArray<InitialBlock>(static_cast<std::size_t>(count), kOutOfMemory);
   verts_ = reinterpret_cast<TVertex*>(block_.get());
   for (int k = 0; k < count; ++k) {
-    const SortedPoint& p = sorted[k];
+    const TSortedPoint& p = sorted[k];
     verts_[k] = {{p.x * scale_, p.y * scale_}, &state_.points[p.index], nullptr, k, p.index};
   }
   state_.unusedEdges = reinterpret_cast<TEdge*>(verts_ + count);
@@ -185,8 +140,8 @@ int Build::Run(const Survey& survey, int* outTriangleCount) {
   if (survey.hasBreaklines) {
     indexMap = NewArray<int>(static_cast<std::size_t>(n_), kOutOfMemory);
   }
-  MallocArray<SortedPoint> sorted = SortPoints(n_, points_);
-  const int distinct = MergeDuplicates(n_, sorted.get(), indexMap.get());
+  MallocArray<TSortedPoint> sorted = tri_Sort_Points(n_, points_, kOutOfMemory);
+  const int distinct = tri_Merge_Duplicates(n_, sorted.get(), indexMap.get());
   if (distinct < 3) {
     return kNotTriangulated;
   }

@@ -6,6 +6,7 @@
 
 #include "trimake/allocation.h"
 #include "trimake/orientation.h"
+#include "trimake/pencil.h"
 
 namespace zyl::geometry::internal {
 namespace {
@@ -116,30 +117,32 @@ int Tangent(const TRun& left, const TRun& right, TSeam& seam) {
   return -1;
 }
 
-// Edge from one end of the base to the third corner of the triangle that its side offers.
+// What one side of the base offers: the edge from its end to the third corner of a triangle.
 struct Candidate {
   TEdge* edge;
-  bool exhausted;  // the side reaches no farther above the base
+  TApex apex;
+  bool exists;  // the side reaches above the base
 };
 
-// Candidate of one side of the base L→R. `edge` is the neighbour of the base in the ring of `at`,
-// its end on that side, and `Step` leads on from it, clockwise at R and counterclockwise at L.
+// Candidate at one end of the base. `edge` is the neighbour of the base in the ring of that end,
+// and `Step` leads on from it: clockwise at the right end, counterclockwise at the left.
 // An edge goes while the one behind it ends inside the circle through the base and its own end.
-// Each round shortens the ring, and the base itself, or whatever else joins L and R, ends it: the
-// circle passes through its end, so that the predicate could not say otherwise.
+// Each round shortens the ring, and the base itself ends it: its ends are inside no circle.
 template <TEdge* TEdge::*Step>
-Candidate FindCandidate(TrimakeState& state, TVertex* L, TVertex* R, TVertex* at, TEdge* edge) {
-  const TVertex* const opposite = at == L ? R : L;
-  if (edge->dest == opposite || cw(edge->dest, L, R)) {
-    return {edge, true};
+Candidate FindCandidate(TrimakeState& state, const TPencil& pencil, TVertex* end, TEdge* edge) {
+  TApex apex = pencil.At(edge->dest);
+  if (!pencil.Faces(apex)) {
+    return {edge, apex, false};
   }
   for (;;) {
     TEdge* const behind = edge->*Step;
-    if (behind->dest == opposite || notInside(L, R, edge->dest, behind->dest)) {
-      return {edge, false};
+    const TApex next = pencil.At(behind->dest);
+    if (!pencil.Holds(apex, next)) {
+      return {edge, apex, true};
     }
-    tri_Delete_Edge(state, at, edge);
+    tri_Delete_Edge(state, end, edge);
     edge = behind;
+    apex = next;
   }
 }
 
@@ -208,20 +211,21 @@ int tri_Upper_Tangent(const TRun& left, const TRun& right, TSeam& seam) {
 
 // The base L→R rises from the lower tangent to the upper, one triangle at a time:
 //
-//       lc   rc         Each side offers the neighbour of the base that comes first once edges
-//        \   /          which the new triangle would overlap are gone. Of the two offers that one
-//     L ──┴─┴── R       stays whose circle through the base holds not the other; on a tie, four
-//         base          points on one circle, the right one.
+//      l     r          Each side offers the neighbour of the base that comes first once edges
+//       \   /            which the new triangle would overlap are gone. Of the two offers that one
+//      L ─── R          stays whose circle through the base does not hold the other; on a tie, four
+//        base           points on one circle, the right one.
 //
-// The budget and the ends of FindCandidate hold whatever the predicates say, so that overflow or
-// a damaged ring ends in -1 or in an odd triangulation, never in a walk without end.
-// O(edges made + edges deleted).
+// The budget and the end of FindCandidate hold whatever the predicates say, so that rounding below
+// the smallest doubles or a damaged ring ends in -1 or in an odd triangulation, never in a walk
+// without end. O(edges made + edges deleted).
 int tri_Merge(TrimakeState& state, const TRun& left, const TRun& right, const TSeam& lower,
               const TSeam& upper) {
   TVertex* L = lower.left;
   TVertex* R = lower.right;
-  TEdge* afterL = L->first->prev;
-  TEdge* afterR = R->first->prev;
+  TEdge* l = L->first;  // the edges that follow the base, upwards, in the rings of its ends
+  TEdge* r = R->first->prev;
+  TEdge* afterL = l->prev;
   bool isFirstBase = true;
 
   std::int64_t budget = (std::int64_t{left.count} + right.count) * 3 + 100;
@@ -229,27 +233,30 @@ int tri_Merge(TrimakeState& state, const TRun& left, const TRun& right, const TS
     if (--budget == 0) {
       return -1;
     }
-    const TEdgePair base = tri_Make_Edge(state, L, R, afterL, afterR, isFirstBase, false);
+    const TEdgePair base = tri_Make_Edge(state, L, R, afterL, r, isFirstBase, false);
     if (base.edge == nullptr) {
       return -1;
     }
     isFirstBase = false;
-    const Candidate rc = FindCandidate<&TEdge::prev>(state, L, R, R, base.twin->prev);
-    const Candidate lc = FindCandidate<&TEdge::next>(state, L, R, L, base.edge->next);
-    if (lc.exhausted && rc.exhausted) {
+    const TPencil pencil(L, R);
+    const Candidate onRight = FindCandidate<&TEdge::prev>(state, pencil, R, r);
+    const Candidate onLeft = FindCandidate<&TEdge::next>(state, pencil, L, l);
+    if (!onRight.exists && !onLeft.exists) {
       return -1;
     }
-    if (rc.exhausted || (!lc.exhausted && !notInside(L, R, rc.edge->dest, lc.edge->dest))) {
-      L = lc.edge->dest;
-      afterL = lc.edge->twin;
-      afterR = rc.edge;
+    if (!onRight.exists || (onLeft.exists && pencil.Holds(onRight.apex, onLeft.apex))) {
+      L = onLeft.edge->dest;
+      afterL = onLeft.edge->twin;
+      l = afterL->next;
+      r = onRight.edge;
     } else {
-      R = rc.edge->dest;
-      afterR = rc.edge->twin->prev;
-      afterL = lc.edge->prev;
+      R = onRight.edge->dest;
+      r = onRight.edge->twin->prev;
+      afterL = base.edge;
+      l = onLeft.edge;
     }
   }
-  return tri_Make_Edge(state, L, R, afterL, afterR, false, true).edge ? 0 : -1;
+  return tri_Make_Edge(state, L, R, afterL, r, false, true).edge ? 0 : -1;
 }
 
 int tri_Divide_Conquer(TrimakeState& state, int n, TVertex* verts) {

@@ -1,7 +1,7 @@
 #include "trimake/extraction.h"
 
 #include <cstdint>
-#include <cstring>
+#include <utility>
 
 #include "trimake/allocation.h"
 #include "trimake/orientation.h"
@@ -40,21 +40,56 @@ void ForEachTriangleAt(const TVertex& v, Visit visit) {
     return;
   }
   const TEdge* const last = v.first->prev;
-  const bool isClosed = cw(&v, v.first->dest, last->dest);
-  const TEdge* e = v.first;
-  bool rises = e->dest->number > v.number;
-  while (e != last || isClosed) {
-    const TEdge* const f = e->next;
-    const bool nextRises = f->dest->number > v.number;
+  const bool firstRises = v.first->dest->number > v.number;
+  bool rises = firstRises;
+  for (const TEdge* e = v.first; e != last; e = e->next) {
+    const bool nextRises = e->next->dest->number > v.number;
     if (rises && nextRises) {
-      visit(e, f);
+      visit(e, e->next);
     }
-    if (e == last) {
-      break;
-    }
-    e = f;
     rises = nextRises;
   }
+  if (rises && firstRises && cw(&v, v.first->dest, last->dest)) {
+    visit(last, v.first);
+  }
+}
+
+constexpr int kFarthestAhead = 20;
+
+// Rings lie all over the block, and every step around one waits for the step before. So what the
+// vertices next in turn will need is called up ahead: the farther ahead, the closer to `first`.
+// GCC takes a function that only prefetches for one without effect, and drops calls that it has not
+// inlined by then.
+[[gnu::always_inline]] inline void FetchRingsAhead(const TVertex* v) {
+  __builtin_prefetch(v[kFarthestAhead].first);
+  if (const TEdge* const e = v[15].first) {
+    __builtin_prefetch(e->dest);
+    __builtin_prefetch(e->next);
+    __builtin_prefetch(e->prev);
+  }
+  if (const TEdge* const e = v[10].first) {
+    __builtin_prefetch(e->next->dest);
+    __builtin_prefetch(e->prev->dest);
+    __builtin_prefetch(e->next->next);
+    __builtin_prefetch(e->prev->prev);
+  }
+  if (const TEdge* const e = v[5].first) {
+    __builtin_prefetch(e->next->next->dest);
+    __builtin_prefetch(e->prev->prev->dest);
+    __builtin_prefetch(e->next->next->next);
+  }
+}
+
+// All triangles (e, f), in the order of their lowest-numbered corners v.
+template <class Visit>
+void ForEachTriangle(const TrimakeState& state, const TResult& result, Visit visit) {
+  const int fetchUntil = result.count - kFarthestAhead;
+  ForEachVertex(state, result, [&](const TVertex& v) {
+    if (v.number < fetchUntil) {
+      FetchRingsAhead(&v);
+    }
+    ForEachTriangleAt(v, [&](const TEdge* e, const TEdge* f) { visit(v, e, f); });
+  });
 }
 
 // Half-edge from f.dest to e.dest seen from e.dest: the third edge of the triangle (e, f).
@@ -66,24 +101,26 @@ std::uint64_t References(const TEdge* e) {
 
 // Of the pairs at a vertex at most as many are triangles as half-edges rise from it, so that all
 // triangles together are no more than the edges, and those no more than half the supply.
-std::size_t MostTriangles(const TrimakeState& state) {
-  return static_cast<std::size_t>(state.vertexCount) * (kEdgesPerVertex / 2);
+std::size_t MostTriangles(const TrimakeState& state, const TResult& result) {
+  std::size_t slots = static_cast<std::size_t>(result.count);
+  for (const TVertexHunk* hunk = state.firstVertexHunk; hunk != nullptr; hunk = hunk->next) {
+    slots += kVerticesPerHunk;
+  }
+  return slots * (kEdgesPerVertex / 2);
 }
 
 Triangles CollectTriangles(const TrimakeState& state, const TResult& result) {
-  Triangles list{NewArray<int>(3 * MostTriangles(state), kOutOfMemory), 0, 0};
+  Triangles list{NewArray<int>(3 * MostTriangles(state, result), kOutOfMemory), 0, 0};
   const bool hasBreaklines = state.firstInfoHunk != nullptr;
   int* corner = list.corners.get();
-  ForEachVertex(state, result, [&](const TVertex& v) {
-    ForEachTriangleAt(v, [&](const TEdge* e, const TEdge* f) {
-      corner[0] = v.number + 1;
-      corner[1] = f->dest->number + 1;
-      corner[2] = e->dest->number + 1;
-      corner += 3;
-      if (hasBreaklines) {
-        list.references += References(e) + References(f) + References(Opposite(e));
-      }
-    });
+  ForEachTriangle(state, result, [&](const TVertex& v, const TEdge* e, const TEdge* f) {
+    corner[0] = v.number + 1;
+    corner[1] = f->dest->number + 1;
+    corner[2] = e->dest->number + 1;
+    corner += 3;
+    if (hasBreaklines) {
+      list.references += References(e) + References(f) + References(Opposite(e));
+    }
   });
   list.count = static_cast<std::size_t>(corner - list.corners.get()) / 3;
   return list;
@@ -120,19 +157,16 @@ MallocArray<char> CollectEdgeInfo(const TrimakeState& state, const TResult& resu
   if (size > PTRDIFF_MAX) {
     throw OutOfMemory(kOutOfMemory);
   }
-  MallocArray<char> buffer = NewArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
   if (state.firstInfoHunk == nullptr) {
-    std::memset(buffer.get(), 0, static_cast<std::size_t>(size));
-    return buffer;
+    return NewZeroedArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
   }
+  MallocArray<char> buffer = NewArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
   TEdgeInfo* pair = reinterpret_cast<TEdgeInfo*>(buffer.get());
   TIndex* copies = reinterpret_cast<TIndex*>(pair + 3 * list.count);
-  ForEachVertex(state, result, [&](const TVertex& v) {
-    ForEachTriangleAt(v, [&](const TEdge* e, const TEdge* f) {
-      CopyList(f, pair, copies);
-      CopyList(Opposite(e), pair, copies);
-      CopyList(e, pair, copies);
-    });
+  ForEachTriangle(state, result, [&](const TVertex&, const TEdge* e, const TEdge* f) {
+    CopyList(f, pair, copies);
+    CopyList(Opposite(e), pair, copies);
+    CopyList(e, pair, copies);
   });
   return buffer;
 }
@@ -142,6 +176,9 @@ MallocArray<TPoint> CollectVertices(const TrimakeState& state, const TResult& re
       NewArray<TPoint>(static_cast<std::size_t>(state.vertexCount), kOutOfMemory);
   TPoint* out = vertices.get();
   ForEachVertex(state, result, [&](const TVertex& v) {
+    if (v.number < result.count - kFarthestAhead) {
+      __builtin_prefetch(&result.points[(&v)[kFarthestAhead].source]);
+    }
     if (v.source < result.pointCount) {
       *out = result.points[v.source];
     } else {

@@ -239,12 +239,16 @@ inline void Splice(TVertex* v, TEdge* edge, TEdge* after, bool makeFirst) {
   }
 }
 
-// The last half-edge of a vertex leaves it without a ring.
+// The last half-edge of a vertex leaves it without a ring. Whether an edge that goes was `first` is
+// as good as random in a merge: `first` is selected and stored in any case, without a branch.
 inline void Unlink(TVertex* v, TEdge* edge) {
   TEdge* const next = edge->next;
-  if (v->first == edge) {
-    v->first = next != edge ? next : nullptr;
+  if (next == edge) {
+    v->first = nullptr;
+    return;
   }
+  TEdge* const first = v->first;
+  v->first = first == edge ? next : first;
   edge->prev->next = next;
   next->prev = edge->prev;
 }
@@ -269,8 +273,12 @@ inline TEdgePair tri_Make_Edge(TrimakeState& state, TVertex* a, TVertex* b, TEdg
     }
     return {nullptr, nullptr};
   }
-  *e = {b, t, nullptr, nullptr, nullptr};
-  *t = {a, e, nullptr, nullptr, nullptr};
+  e->dest = b;
+  e->twin = t;
+  e->info = nullptr;
+  t->dest = a;
+  t->twin = e;
+  t->info = nullptr;
   ring::Splice(a, e, afterA, makeFirstA);
   ring::Splice(b, t, afterB, makeFirstB);
   return {e, t};
