@@ -1,5 +1,9 @@
 #include "predicates/expansion.h"
 
+// Zeros are left out by a branch. To store each component and advance by a comparison would save
+// the branch's mispredictions, but makes whoever reads the result wait for the stores of
+// overwritten zeros: five times slower in a chain of products (measured on Zen 4).
+
 namespace zyl::geometry::internal {
 namespace {
 
@@ -24,8 +28,9 @@ int fast_expansion_sum_zeroelim(int elen, const double* e, int flen, const doubl
   while (i < elen || j < flen) {
     const Two sum = two_sum(Q, takeNext());
     Q = sum.high;
-    h[length] = sum.low;
-    length += sum.low != 0.0;
+    if (sum.low != 0.0) {
+      h[length++] = sum.low;
+    }
   }
   if (Q != 0.0 || length == 0) {
     h[length++] = Q;
@@ -37,8 +42,9 @@ int fast_expansion_sum_zeroelim(int elen, const double* e, int flen, const doubl
 int scale_expansion_zeroelim(int elen, const double* e, const Factor& b, double* h) {
   int length = 0;
   const auto append = [&](double next) {
-    h[length] = next;
-    length += next != 0.0;
+    if (next != 0.0) {
+      h[length++] = next;
+    }
   };
 
   const Two first = two_product(e[0], b);

@@ -66,6 +66,12 @@ struct Factor {
   Factor(double number, double by) : value(number), splitter(by), half(split(number, by)) {}
 };
 
+inline Factor operator-(Factor f) {
+  f.value = -f.value;
+  f.half = {-f.half.high, -f.half.low};
+  return f;
+}
+
 inline Two two_product(double a, Two halfA, const Factor& b) {
   const double x = a * b.value;
   const double err1 = x - halfA.high * b.half.high;
@@ -97,9 +103,10 @@ struct Expansion {
 
   /// Leaves out a component that is 0.
   void Append(double next) {
-    assert(length < Capacity);
-    component[length] = next;
-    length += next != 0.0;
+    if (next != 0.0) {
+      assert(length < Capacity);
+      component[length++] = next;
+    }
   }
   double MostSignificant() const { return component[length - 1]; }
 };

@@ -4,6 +4,7 @@
 
 #include "predicates/difference.h"
 #include "predicates/predicates.h"
+#include "predicates/triple.h"
 
 namespace zyl::geometry::internal {
 namespace {
@@ -11,8 +12,28 @@ namespace {
 using Sum = ExpansionSum<1152>;
 
 // (b x c) |a|^2 of the heads.
-Expansion<32> Lifted(const Expansion<4>& bc, const Vec2& a) {
+Expansion<32> Summand(const Vec2& a, const Vec2& b, const Vec2& c) {
+  const Expansion<4> bc = Cross(b, c);
   return bc * a.x * a.x + bc * a.y * a.y;
+}
+
+// The determinant of the heads.
+Expansion<96> Heads(const Vec2& a, const Vec2& b, const Vec2& c) {
+  return (Summand(a, b, c) + Summand(b, c, a)) + Summand(c, a, b);
+}
+
+Estimate EstimateHeads(const Vec2& a, const Vec2& b, const Vec2& c, double permanent) {
+  Triple sum;
+  const auto add = [&sum](const Vec2& p, const Vec2& q, const Vec2& r) {
+    Triple lift;
+    lift.AddProduct(p.x, p.x);
+    lift.AddProduct(p.y, p.y);
+    sum.AddProduct(TripleCross(q, r), lift, p.x.splitter);
+  };
+  add(a, b, c);
+  add(b, c, a);
+  add(c, a, b);
+  return EstimateOf(sum, permanent);
 }
 
 // First-order effect of the tails on (b x c) |a|^2.
@@ -34,11 +55,11 @@ void AddTailsAlong(Sum& sum, const Factor& u, const Factor& v, const Expansion<1
   }
 }
 
-// Full effect of the tails on (b x c) |a|^2, where bc is the product of the heads.
-void AddTails(Sum& sum, const Expansion<4>& bc, const Vec2& a, const Vec2& at, const Vec2& b,
-              const Vec2& bt, const Vec2& c, const Vec2& ct) {
+// Full effect of the tails on (b x c) |a|^2.
+void AddTails(Sum& sum, const Vec2& a, const Vec2& at, const Vec2& b, const Vec2& bt, const Vec2& c,
+              const Vec2& ct) {
   const Expansion<12> tails = CrossOfTails(b, bt, c, ct);
-  const Expansion<16> both = bc + tails;
+  const Expansion<16> both = Cross(b, c) + tails;
   AddTailsAlong(sum, a.x, at.x, tails, both);
   AddTailsAlong(sum, a.y, at.y, tails, both);
 }
@@ -46,36 +67,37 @@ void AddTails(Sum& sum, const Expansion<4>& bc, const Vec2& a, const Vec2& at, c
 }  // namespace
 
 double incircleadapt(const double* pa, const double* pb, const double* pc, const double* pd,
-                     double permanent, const PredicateState& state) {
+                     double det, double permanent, const PredicateState& state) {
+  if (IsExact<2>(4, permanent, pa, pb, pc, pd)) {
+    return det;
+  }
+
   const Vec2 a = Difference2(pa, pd, state.splitter);
   const Vec2 b = Difference2(pb, pd, state.splitter);
   const Vec2 c = Difference2(pc, pd, state.splitter);
-  const Expansion<4> bc = Cross(b, c);
-  const Expansion<4> ca = Cross(c, a);
-  const Expansion<4> ab = Cross(a, b);
-  const Expansion<96> heads = (Lifted(bc, a) + Lifted(ca, b)) + Lifted(ab, c);
-  double det = estimate(heads);
-  if (!(std::fabs(det) < state.iccerrboundB * permanent)) {
-    return det;
+  const Estimate heads = EstimateHeads(a, b, c, permanent);
+  if (!(std::fabs(heads.det) < state.iccerrboundB * permanent)) {
+    return heads.det;
   }
 
   const Vec2 at = Tail2(pa, pd, a, state.splitter);
   const Vec2 bt = Tail2(pb, pd, b, state.splitter);
   const Vec2 ct = Tail2(pc, pd, c, state.splitter);
   if (IsZero(at) && IsZero(bt) && IsZero(ct)) {
-    return det;
+    return heads.error == 0.0 ? heads.det : estimate(Heads(a, b, c));
   }
-  const double errbound = state.iccerrboundC * permanent + state.resulterrbound * std::fabs(det);
-  det += (Correction(a, at, b, bt, c, ct) + Correction(b, bt, c, ct, a, at)) +
-         Correction(c, ct, a, at, b, bt);
+  const double errbound =
+      state.iccerrboundC * permanent + state.resulterrbound * std::fabs(heads.det) + heads.error;
+  det = heads.det + ((Correction(a, at, b, bt, c, ct) + Correction(b, bt, c, ct, a, at)) +
+                     Correction(c, ct, a, at, b, bt));
   if (!(std::fabs(det) < errbound)) {
     return det;
   }
 
-  Sum sum(heads);
-  AddTails(sum, bc, a, at, b, bt, c, ct);
-  AddTails(sum, ca, b, bt, c, ct, a, at);
-  AddTails(sum, ab, c, ct, a, at, b, bt);
+  Sum sum(Heads(a, b, c));
+  AddTails(sum, a, at, b, bt, c, ct);
+  AddTails(sum, b, bt, c, ct, a, at);
+  AddTails(sum, c, ct, a, at, b, bt);
   return sum.MostSignificant();
 }
 

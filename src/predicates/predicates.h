@@ -5,7 +5,7 @@
 //
 // The algorithm is J. R. Shewchuk's, "Adaptive Precision Floating-Point Arithmetic and Fast Robust
 // Geometric Predicates", Discrete & Computational Geometry 18 (1997), section 4: a determinant is
-// evaluated in doubles beside a bound on its rounding error (stage A, inline below), and only if
+// evaluated in doubles beside a bound on its rounding error (stage A, mostly inline), and only if
 // its sign is in doubt is the computation carried on (stages B, C and D), at most until it is
 // exact.
 //
@@ -13,6 +13,7 @@
 // 0 or of a magnitude from 2^-142 to 2^201. Beyond, and for infinite or NaN coordinates, a call
 // still returns, with a value that may be wrong or NaN.
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 
@@ -46,16 +47,14 @@ inline const PredicateState& predicateState() {
 /// that of doubles; there, every thread that uses the predicates has to call this.
 void exactinit();
 
-// Stages B to D, for the calls whose sign stage A cannot tell. The double is stage A's permanent:
-// the determinant with the magnitudes of its terms added up.
+// Stages B to D, for the calls whose sign stage A leaves open. `permanent` is the determinant with
+// the magnitudes of its terms added up, and `det` what stage A has found.
 double orient2dadapt(const double* pa, const double* pb, const double* pc, double permanent,
                      const PredicateState& state);
 double orient3dadapt(const double* pa, const double* pb, const double* pc, const double* pd,
-                     double permanent, const PredicateState& state);
+                     double det, double permanent, const PredicateState& state);
 double incircleadapt(const double* pa, const double* pb, const double* pc, const double* pd,
-                     double permanent, const PredicateState& state);
-double insphereadapt(const double* pa, const double* pb, const double* pc, const double* pd,
-                     const double* pe, double permanent, const PredicateState& state);
+                     double det, double permanent, const PredicateState& state);
 
 /// Positive if pa, pb, pc run counterclockwise, negative if clockwise, 0 if collinear; about twice
 /// the area of their triangle.
@@ -93,7 +92,7 @@ inline double orient3d(const double* pa, const double* pb, const double* pc, con
   if (!(std::fabs(det) <= state.o3derrboundA * permanent)) {
     return det;
   }
-  return orient3dadapt(pa, pb, pc, pd, permanent, state);
+  return orient3dadapt(pa, pb, pc, pd, det, permanent, state);
 }
 
 /// Positive if pd lies inside the circle through pa, pb, pc, negative if outside, 0 if on it, for
@@ -112,61 +111,27 @@ inline double incircle(const double* pa, const double* pb, const double* pc, con
   const double det =
       alift * (bdxcdy - cdxbdy) + blift * (cdxady - adxcdy) + clift * (adxbdy - bdxady);
 
+  // |b.x c.y| + |c.x b.y| is no more than the product of the lengths of b and c, hence the
+  // permanent no more than three times the largest lift squared: what passes with that passes with
+  // less. The constant has room for the roundings.
   const PredicateState& state = predicateState();
+  const double lift = std::max(std::max(alift, blift), clift);
+  if (std::fabs(det) > state.iccerrboundA * (3.000001 * lift * lift)) {
+    return det;
+  }
   const double permanent = (std::fabs(bdxcdy) + std::fabs(cdxbdy)) * alift +
                            (std::fabs(cdxady) + std::fabs(adxcdy)) * blift +
                            (std::fabs(adxbdy) + std::fabs(bdxady)) * clift;
   if (!(std::fabs(det) <= state.iccerrboundA * permanent)) {
     return det;
   }
-  return incircleadapt(pa, pb, pc, pd, permanent, state);
+  return incircleadapt(pa, pb, pc, pd, det, permanent, state);
 }
 
 /// Positive if pe lies inside the sphere through pa, pb, pc, pd, negative if outside, 0 if on it,
-/// for pa to pd of positive `orient3d`; for the other orientation the sign is the other.
-inline double insphere(const double* pa, const double* pb, const double* pc, const double* pd,
-                       const double* pe) {
-  const double aex = pa[0] - pe[0], aey = pa[1] - pe[1], aez = pa[2] - pe[2];
-  const double bex = pb[0] - pe[0], bey = pb[1] - pe[1], bez = pb[2] - pe[2];
-  const double cex = pc[0] - pe[0], cey = pc[1] - pe[1], cez = pc[2] - pe[2];
-  const double dex = pd[0] - pe[0], dey = pd[1] - pe[1], dez = pd[2] - pe[2];
-
-  const double aexbey = aex * bey, bexaey = bex * aey, ab = aexbey - bexaey;
-  const double bexcey = bex * cey, cexbey = cex * bey, bc = bexcey - cexbey;
-  const double cexdey = cex * dey, dexcey = dex * cey, cd = cexdey - dexcey;
-  const double dexaey = dex * aey, aexdey = aex * dey, da = dexaey - aexdey;
-  const double aexcey = aex * cey, cexaey = cex * aey, ac = aexcey - cexaey;
-  const double bexdey = bex * dey, dexbey = dex * bey, bd = bexdey - dexbey;
-
-  const double abc = aez * bc - bez * ac + cez * ab;
-  const double bcd = bez * cd - cez * bd + dez * bc;
-  const double cda = cez * da + dez * ac + aez * cd;
-  const double dab = dez * ab + aez * bd + bez * da;
-
-  const double alift = aex * aex + aey * aey + aez * aez;
-  const double blift = bex * bex + bey * bey + bez * bez;
-  const double clift = cex * cex + cey * cey + cez * cez;
-  const double dlift = dex * dex + dey * dey + dez * dez;
-  const double det = (dlift * abc - clift * dab) + (blift * cda - alift * bcd);
-
-  const double abMagnitude = std::fabs(aexbey) + std::fabs(bexaey);
-  const double bcMagnitude = std::fabs(bexcey) + std::fabs(cexbey);
-  const double cdMagnitude = std::fabs(cexdey) + std::fabs(dexcey);
-  const double daMagnitude = std::fabs(dexaey) + std::fabs(aexdey);
-  const double acMagnitude = std::fabs(aexcey) + std::fabs(cexaey);
-  const double bdMagnitude = std::fabs(bexdey) + std::fabs(dexbey);
-  const double aez_ = std::fabs(aez), bez_ = std::fabs(bez);
-  const double cez_ = std::fabs(cez), dez_ = std::fabs(dez);
-  const double permanent = (cdMagnitude * bez_ + bdMagnitude * cez_ + bcMagnitude * dez_) * alift +
-                           (daMagnitude * cez_ + acMagnitude * dez_ + cdMagnitude * aez_) * blift +
-                           (abMagnitude * dez_ + bdMagnitude * aez_ + daMagnitude * bez_) * clift +
-                           (bcMagnitude * aez_ + acMagnitude * bez_ + abMagnitude * cez_) * dlift;
-
-  const PredicateState& state = predicateState();
-  if (!(std::fabs(det) <= state.isperrboundA * permanent)) {
-    return det;
-  }
-  return insphereadapt(pa, pb, pc, pd, pe, permanent, state);
-}
+/// for pa to pd of positive `orient3d`; for the other orientation the sign is the other. Takes up
+/// to 190 KiB of stack.
+double insphere(const double* pa, const double* pb, const double* pc, const double* pd,
+                const double* pe);
 
 }  // namespace zyl::geometry::internal

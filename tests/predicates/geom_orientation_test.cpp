@@ -10,7 +10,6 @@ namespace {
 using namespace zyl::geometry;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
 
 class GeomOrientation : public ::testing::Test {
  protected:

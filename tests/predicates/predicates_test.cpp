@@ -205,6 +205,51 @@ TEST(Predicates, ReturnTheDeterminantFromTheExactStageToo) {
   EXPECT_EQ(orient3d(p, q, above, off), 2 * t);
 }
 
+mpz_class ExactDifference(double p, double q) { return mpz_class(p) - mpz_class(q); }
+
+// The lifted determinant of integer points relative to the last of Dim + 2.
+template <std::size_t Dim>
+mpz_class BallDeterminant(const Points& p) {
+  std::array<exact::Row<Dim + 1>, Dim + 1> rows;
+  for (std::size_t k = 0; k < Dim + 1; ++k) {
+    for (std::size_t i = 0; i < Dim; ++i) {
+      rows[k][i] = ExactDifference(p.at[k][i], p.at[Dim + 1][i]);
+      rows[k][Dim] += rows[k][i] * rows[k][i];
+    }
+  }
+  return exact::Determinant<Dim + 1>(rows);
+}
+
+bool IsRoundedOnce(double found, const mpz_class& expected) {
+  const mpz_class error = (mpz_class(found) - expected) * mpz_class(std::ldexp(1, 52));
+  return abs(error) <= abs(expected);
+}
+
+// Integers of 52 bits on a circle or sphere, one in each quadrant, but for their rounding: the
+// differences are exact, and stage A's determinant is noise.
+TEST(Predicates, AreRoundedOnceWhereDifferencesAreExact) {
+  exactinit();
+  Rng rng(kSeed);
+  std::uniform_real_distribution<double> uniform(0.5, 1);
+  for (int round = 0; round < 10000; ++round) {
+    const double height = round % 2;  // 0 for a circle
+    Points p;
+    for (int k = 0; k < 5; ++k) {
+      const double x = k == 4 ? 0 : uniform(rng) * (k % 2 == 0 ? 1 : -1);
+      const double y = k == 4 ? 0 : uniform(rng) * (k / 2 == 0 ? 1 : -1);
+      const double z = k == 4 ? 1 : uniform(rng) * -height;
+      const double scale = std::ldexp(1, 51) / std::sqrt(x * x + y * y + z * z);
+      p[k][0] = std::round(x * scale);
+      p[k][1] = std::round(y * scale);
+      p[k][2] = std::round(z * scale);
+    }
+    ASSERT_TRUE(height == 0
+                    ? IsRoundedOnce(incircle(p[0], p[1], p[2], p[3]), BallDeterminant<2>(p))
+                    : IsRoundedOnce(insphere(p[0], p[1], p[2], p[3], p[4]), BallDeterminant<3>(p)))
+        << round << ", seed " << kSeed;
+  }
+}
+
 TEST(PredicateState, HoldsTheBoundsOfDoubleArithmetic) {
   exactinit();
   const PredicateState& state = predicateState();
