@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -52,19 +53,15 @@ TEST(Direction, ArithmeticWorksByComponent) {
 
 TEST(Direction, BearingsRunClockwiseFromNorthAndInclinationsUp) {
   const double half = std::sqrt(0.5);
-  const struct {
-    double bearing;
-    double inclination;
-    Coord3D expected;
-  } cases[] = {{0, 0, {0, 1, 0}},
-               {90, 0, {1, 0, 0}},
-               {0, 90, {0, 0, 1}},
-               {180, -45, {0, -half, -half}},
-               {-45, 0, {-half, half, 0}}};
-  for (const auto& c : cases) {
+  const std::pair<Coord3D, Coord3D> cases[] = {{{0, 0, 0}, {0, 1, 0}},
+                                               {{90, 0, 0}, {1, 0, 0}},
+                                               {{0, 90, 0}, {0, 0, 1}},
+                                               {{180, -45, 0}, {0, -half, -half}},
+                                               {{-45, 0, 0}, {-half, half, 0}}};
+  for (const auto& [angles, expected] : cases) {
     Direction d(7, 7, 7);
-    d.SetDirectionByBearingDegrees(c.bearing, c.inclination);
-    EXPECT_NEAR(Coord3D(d.x, d.y, d.z).Distance(c.expected), 0, 3e-16) << c.bearing;
+    d.SetDirectionByBearingDegrees(angles.x, angles.y);
+    EXPECT_NEAR(Coord3D(d.x, d.y, d.z).Distance(expected), 0, 3e-16) << angles.x;
   }
 }
 
