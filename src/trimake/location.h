@@ -1,0 +1,45 @@
+#pragma once
+
+// Where a point lies relative to a triangulated polygon.
+
+#include "trimake/polygon.h"
+
+namespace zyl::geometry::internal {
+
+/// Results of tri_Locate_Point; callers compare the values.
+constexpr int kInside = 1;
+constexpr int kOnBoundary = 0;
+constexpr int kOutside = -1;
+
+/// Where a walk came to its end.
+struct TWalk {
+  int triangle;   ///< holds the query point, unless `outside` is set
+  bool outside;   ///< the query point lies beyond a hull edge of the triangle
+  bool finished;  ///< false: given up after as many steps as there are triangles
+};
+
+/// Walks from triangle `start` towards the query point (x, y, local), leaving each triangle across
+/// the first edge that has the point beyond it.
+///
+/// The edges are looked at in the order C→A, A→B, B→C of the corners, A being the lowest-numbered.
+/// On a Delaunay triangulation any order arrives; where constraints keep edges that are not
+/// Delaunay, a walk may come round in a circle (O. Devillers, S. Pion and M. Teillaud, "Walking in
+/// a triangulation", 2002). A→B, B→C, C→A does so on rings like pinwheels, this order only on
+/// worse.
+TWalk tri_Walk(const tri_Polygon& polygon, const double* query, int start);
+
+/// kInside, kOnBoundary or kOutside for a point in space, projected into the polygon's plane along
+/// `direction`, or at right angles if that is null, zero or lies in the plane.
+///
+/// On the boundary is what lies within `tolerance` of a boundary edge, or of any vertex, of the
+/// triangle that holds the point, or exactly on such an edge. The distance from an edge is rounded:
+/// a point may count as on it from as far away as some 1e-8 of its own distance from the edge's
+/// start. A point with a coordinate that is NaN or infinite is outside.
+///
+/// Remembers the triangle for the next call, and so must not run on several threads for one
+/// polygon. Allocates nothing. O(triangles between the last point and this one) and, if the walk
+/// gives up, O(triangles).
+int tri_Locate_Point(tri_Polygon* polygon, const double* point, const double* direction,
+                     double tolerance);
+
+}  // namespace zyl::geometry::internal

@@ -1,0 +1,77 @@
+#pragma once
+
+// Where a point lies relative to a ring in the plane, by the even-odd rule and exact arithmetic.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "support/exact.h"
+
+namespace exact {
+
+using Point2 = std::array<double, 2>;
+using Ring2 = std::vector<Point2>;  // the last point is joined to the first
+
+enum class Place { kOutside, kBoundary, kInside };
+
+inline bool IsOnSegment(const Point2& a, const Point2& b, const Point2& q) {
+  const auto [left, right] = std::minmax(a[0], b[0]);
+  const auto [bottom, top] = std::minmax(a[1], b[1]);
+  return left <= q[0] && q[0] <= right && bottom <= q[1] && q[1] <= top &&
+         Orient2D(a.data(), b.data(), q.data()) == 0;
+}
+
+/// On the boundary is a vertex, and what lies on an odd number of edges: a piece that the ring runs
+/// along twice separates nothing from nothing. Everything else is inside if a ray from it to the
+/// right crosses an odd number of edges, those with just one end above the ray.
+inline Place EvenOdd(const Ring2& ring, const Point2& q) {
+  bool inside = false;
+  bool onEdge = false;
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const Point2& a = ring[i];
+    const Point2& b = ring[(i + 1) % ring.size()];
+    if (a == q) {
+      return Place::kBoundary;
+    }
+    if (IsOnSegment(a, b, q)) {
+      onEdge = !onEdge;
+    } else if ((a[1] > q[1]) != (b[1] > q[1])) {
+      const bool upward = b[1] > a[1];
+      const int side = Orient2D(a.data(), b.data(), q.data());
+      inside = inside != (upward ? side > 0 : side < 0);
+    }
+  }
+  return onEdge ? Place::kBoundary : inside ? Place::kInside : Place::kOutside;
+}
+
+/// Whether q is nearer to an edge than about `ratio` times the length of that edge.
+inline bool IsNearEdge(const Ring2& ring, const Point2& q, double ratio) {
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const Point2& a = ring[i];
+    const Point2& b = ring[(i + 1) % ring.size()];
+    const Point2 e = {b[0] - a[0], b[1] - a[1]};
+    const Point2 w = {q[0] - a[0], q[1] - a[1]};
+    const double squared = e[0] * e[0] + e[1] * e[1];
+    const double along = e[0] * w[0] + e[1] * w[1];
+    const double across = e[0] * w[1] - e[1] * w[0];
+    if (std::fabs(across) <= ratio * squared && along >= -ratio * squared &&
+        along <= (1 + ratio) * squared) {
+      return true;
+    }
+  }
+  return false;
+}
+
+/// Whether the two segments cross at one point that is an end of neither.
+inline bool CrossProperly(const Point2& a, const Point2& b, const Point2& c, const Point2& d) {
+  const int cSide = Orient2D(a.data(), b.data(), c.data());
+  const int dSide = Orient2D(a.data(), b.data(), d.data());
+  const int aSide = Orient2D(c.data(), d.data(), a.data());
+  const int bSide = Orient2D(c.data(), d.data(), b.data());
+  return cSide * dSide < 0 && aSide * bSide < 0;
+}
+
+}  // namespace exact

@@ -1,0 +1,151 @@
+#pragma once
+
+// Rings of many shapes and sizes, and planes in space to put them on.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <numeric>
+#include <ostream>
+#include <random>
+#include <vector>
+
+#include "support/even_odd.h"
+
+namespace rings {
+
+using exact::Point2;
+using exact::Ring2;
+
+constexpr double kTurn = 6.283185307179586;
+
+inline double Uniform(std::mt19937_64& random, double from, double to) {
+  return std::uniform_real_distribution<double>(from, to)(random);
+}
+
+inline Point2 Polar(double radius, double angle) {
+  return {radius * std::cos(angle), radius * std::sin(angle)};
+}
+
+// On one circle, as nearly as doubles allow.
+inline Ring2 Convex(std::size_t n, std::mt19937_64& random) {
+  std::vector<double> angles(n);
+  for (double& angle : angles) {
+    angle = Uniform(random, 0, kTurn);
+  }
+  std::sort(angles.begin(), angles.end());
+  Ring2 ring;
+  for (const double angle : angles) {
+    ring.push_back(Polar(1, angle));
+  }
+  return ring;
+}
+
+inline Ring2 Concave(std::size_t n, std::mt19937_64& random) {
+  Ring2 ring;
+  for (std::size_t i = 0; i < n; ++i) {
+    const double angle = kTurn * static_cast<double>(i) / static_cast<double>(n);
+    ring.push_back(Polar(Uniform(random, 0.3, 1), angle));
+  }
+  return ring;
+}
+
+// Out along a spiral of nearly three turns, and back between them.
+inline Ring2 Spiral(std::size_t n, std::mt19937_64&) {
+  constexpr double kTurns = 2.9;
+  const std::size_t out = n / 2;
+  Ring2 ring;
+  for (std::size_t i = 0; i < n; ++i) {
+    const bool back = i >= out;
+    const double along = back ? static_cast<double>(n - 1 - i) / static_cast<double>(n - out)
+                              : static_cast<double>(i) / static_cast<double>(out);
+    ring.push_back(Polar((back ? 0.15 : 0.3) + 0.7 * along, kTurn * kTurns * along));
+  }
+  return ring;
+}
+
+// A back at y = 0 and teeth up to y = 1.
+inline Ring2 Comb(std::size_t n, std::mt19937_64&) {
+  Ring2 ring = {{1, 0}, {0, 0}};
+  for (std::size_t i = 0; i + 2 < n; ++i) {
+    ring.push_back({static_cast<double>(i) / static_cast<double>(n - 2), i % 2 == 0 ? 0.1 : 1});
+  }
+  return ring;
+}
+
+// A thousand times as long as wide, with uneven sides.
+inline Ring2 Sliver(std::size_t n, std::mt19937_64& random) {
+  Ring2 ring;
+  const std::size_t lower = n / 2;
+  for (std::size_t i = 0; i < n; ++i) {
+    const bool isUpper = i >= lower;
+    const double along = isUpper ? static_cast<double>(n - i) / static_cast<double>(n - lower)
+                                 : static_cast<double>(i) / static_cast<double>(lower);
+    ring.push_back({along, (isUpper ? 1e-3 : 0) + Uniform(random, 0, 4e-4)});
+  }
+  return ring;
+}
+
+// A star that steps over nearly a third of its corners at a time and comes to each once.
+inline Ring2 Star(std::size_t n, std::mt19937_64&) {
+  std::size_t step = n / 3;
+  while (std::gcd(step, n) != 1) {
+    --step;
+  }
+  Ring2 ring;
+  for (std::size_t i = 0; i < n; ++i) {
+    ring.push_back(Polar(1, kTurn * static_cast<double>(i * step) / static_cast<double>(n)));
+  }
+  return ring;
+}
+
+// Swirling arms around a core: constraints that leave walks little choice but to go round.
+inline Ring2 Pinwheel(std::size_t arms, double twist) {
+  Ring2 ring;
+  for (std::size_t i = 0; i < arms; ++i) {
+    const double angle = kTurn * static_cast<double>(i) / static_cast<double>(arms);
+    ring.push_back(Polar(0.2, angle));
+    ring.push_back(Polar(1, angle + twist));
+  }
+  return ring;
+}
+
+// Closed walk between the points of a small grid: crosses, touches and repeats itself at will.
+inline Ring2 GridWalk(std::size_t n, int side, std::mt19937_64& random) {
+  Ring2 ring;
+  for (std::size_t i = 0; i < n; ++i) {
+    const auto coordinate = [&] {
+      return static_cast<double>(random() % static_cast<unsigned>(side + 1));
+    };
+    const double x = coordinate();
+    ring.push_back({x, coordinate()});
+  }
+  return ring;
+}
+
+// A plane in space: its points are origin + s·u + t·v.
+struct Plane {
+  const char* name;
+  std::array<double, 3> origin, u, v;
+
+  std::array<double, 3> At(const Point2& p) const {
+    std::array<double, 3> point;
+    for (std::size_t i = 0; i < 3; ++i) {
+      point[i] = origin[i] + p[0] * u[i] + p[1] * v[i];
+    }
+    return point;
+  }
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Plane& plane) { return out << plane.name; }
+
+inline const Plane kPlanes[] = {
+    {"horizontal", {0, 0, 5}, {10, 0, 0}, {0, 10, 0}},
+    {"horizontal, in project coordinates", {450000, 6500000, 300}, {80, 60, 0}, {-60, 80, 0}},
+    {"vertical, x = 3", {3, 0, 0}, {0, 10, 0}, {0, 0, 10}},
+    {"vertical, y = 3", {0, 3, 0}, {10, 0, 0}, {0, 0, 10}},
+    {"vertical, askew", {450000, 6500000, 300}, {30, 40, 0}, {0, 0, 50}},
+    {"tilted", {1, 2, 3}, {8, 1, 4}, {-4, 4, 7}}};
+
+}  // namespace rings
