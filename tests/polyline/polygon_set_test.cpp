@@ -1,0 +1,118 @@
+#include "polyline/polygon_set.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using namespace zyl::geometry::internal;
+
+using Set = std::unique_ptr<PolygonSet, PolygonSetRelease>;
+
+// A unit square at (x, 0), clockwise and with its first point repeated.
+void AddSquare(PolygonSet& set, int id, double x) {
+  const double corners[5][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}, {0, 0}};
+  for (const double(&corner)[2] : corners) {
+    ASSERT_EQ(PolygonSet_AddPoint(&set, id, x + corner[0], corner[1], 0), 0);
+  }
+}
+
+Set SquaresWithIds(const std::vector<int>& ids) {
+  Set set(PolygonSet_Create(1));
+  double x = 0;
+  for (const int id : ids) {
+    AddSquare(*set, id, x);
+    x += 10;
+  }
+  return set;
+}
+
+TEST(PolygonSet, GrowsBeyondItsCapacity) {
+  EXPECT_EQ(Set(PolygonSet_Create(0))->capacity, 500);
+  EXPECT_EQ(Set(PolygonSet_CreateFor(7))->capacity, 70);
+  const Set set(PolygonSet_Create(1));
+  for (int i = 0; i < 502; ++i) {
+    ASSERT_EQ(PolygonSet_AddPoint(set.get(), 3, i, 2 * i, 3 * i), 0);
+  }
+  EXPECT_EQ(set->pointCount, 502);
+  EXPECT_EQ(set->capacity, 1001);
+  EXPECT_EQ(set->points[501].y, 1002);
+  EXPECT_EQ(set->points[501].polygonIndex, -1);
+}
+
+TEST(PolygonSet, GroupsRunsOfEqualIds) {
+  const Set set = SquaresWithIds({7, 8, 9});
+  PolygonSet_Group(set.get());
+  EXPECT_EQ(set->polygonCount, 3);
+  EXPECT_EQ(set->firstPolygonId, 7);
+  EXPECT_EQ(set->polygonStart[2], 10);
+  EXPECT_EQ(set->polygonAux[2], -1);
+  EXPECT_EQ(set->points[9].polygonIndex, 1);
+  AddSquare(*set, 10, 50);
+  EXPECT_EQ(set->polygonStart, nullptr);
+  EXPECT_EQ(set->polygonCount, 0);
+}
+
+TEST(PolygonSet, FindsPolygonsWhetherOrNotTheirIdsCountUp) {
+  int g = 0;
+  for (const bool grouped : {false, true}) {
+    for (const std::vector<int>& ids :
+         {std::vector<int>{7, 8, 9}, {1, 3}, {-2, -1, 0}, {INT_MAX, INT_MIN}, {4, 5, 4}}) {
+      const Set set = SquaresWithIds(ids);
+      if (grouped) {
+        PolygonSet_Group(set.get());
+      }
+      for (int k = 0; k < static_cast<int>(ids.size()); ++k) {
+        const int first = ids[static_cast<std::size_t>(k)] == ids[0] ? 0 : k;
+        EXPECT_EQ(PolygonSet_FindPolygon(set.get(), ids[static_cast<std::size_t>(k)], &g),
+                  5 * first);
+        EXPECT_EQ(g, grouped ? first : -1);
+      }
+      for (const int absent : {2, 6, 10, INT_MIN + 1, INT_MAX - 1}) {
+        EXPECT_EQ(PolygonSet_FindPolygon(set.get(), absent, &g), -1);
+        EXPECT_EQ(g, -1);
+      }
+    }
+  }
+  const Set empty(PolygonSet_Create(5));
+  PolygonSet_Group(empty.get());
+  EXPECT_EQ(PolygonSet_FindPolygon(empty.get(), 0, &g), -1);
+}
+
+TEST(PolygonSet, AnswersForEachPolygon) {
+  const Set set = SquaresWithIds({1, 3});
+  PolygonSet_AddPoint(set.get(), 4, 0, 0, 0);                         // a point is no polygon
+  EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 0.5, 0.5, 0), 0);  // not triangulated yet
+  for (int again = 0; again < 2; ++again) {
+    PolygonSet_Triangulate(set.get());
+    EXPECT_EQ(set->triangulationCount, 3);
+    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 0.5, 0.5, 0), 1);
+    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 10.5, 0.5, 0), 0);
+    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 3, 10.5, 0.5, 0), 1);
+    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 3, 10, 0.5, 0), 1);  // on the boundary
+    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 2, 0.5, 0.5, 0), 0);
+    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 4, 0, 0, 0), 0);
+  }
+  PolygonSet_AddPoint(set.get(), 5, 0, 0, 0);  // discards the grouping, and with it the answers
+  EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 0.5, 0.5, 0), 0);
+}
+
+TEST(PolygonSet, AreaIsPositiveClockwise) {
+  const Set set = SquaresWithIds({1});
+  EXPECT_EQ(PolygonSet_SignedArea(set.get(), 1), 1);
+  EXPECT_EQ(PolygonSet_IsClockwise(set.get(), 1), 1);
+  EXPECT_EQ(PolygonSet_SignedArea(set.get(), 2), 0);
+  EXPECT_EQ(PolygonSet_IsClockwise(set.get(), 2), 0);
+  // The same square the other way round, far up: y of the first point cancels.
+  const double corners[5][2] = {{0, 1e6}, {1, 1e6}, {1, 1e6 + 1}, {0, 1e6 + 1}, {0, 1e6}};
+  for (const double(&corner)[2] : corners) {
+    PolygonSet_AddPoint(set.get(), 2, corner[0], corner[1], 0);
+  }
+  EXPECT_EQ(PolygonSet_SignedArea(set.get(), 2), -1);
+  EXPECT_EQ(PolygonSet_IsClockwise(set.get(), 2), 0);
+}
+
+}  // namespace
