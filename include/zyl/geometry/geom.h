@@ -153,7 +153,8 @@ ZYL_GEOMETRY_API zyl::geometry::Orientation_e geom_PointInside3Points(
 ZYL_GEOMETRY_API zyl::geometry::Orientation_e geom_PointInside3Points(
     const zyl::geometry::Coord3D& p, const zyl::geometry::Coord3D* triangle);
 
-/// Point where the line of `ray` meets `plane`, in plain doubles: 0 on a hit, else -1.
+/// Point where the line of `ray` meets `plane`, in plain doubles: 0 on a hit, else -1. NaN
+/// coordinates give a hit at NaN.
 ///
 /// `out.parameter` is in units of the length of the direction, negative for a plane behind the
 /// origin. -1 if the direction is parallel to the plane: then the parameter is -1 and the point
@@ -175,6 +176,7 @@ ZYL_GEOMETRY_API int geom_RayHitPlane(const zyl::geometry::Ray& ray,
                                       zyl::geometry::Intersection& out);
 
 /// Point where `segment` meets `plane`, in plain doubles, both ends included: 0 on a hit, else -1.
+/// NaN coordinates give a hit at NaN.
 ///
 /// `out.parameter` is the distance from the start of the segment. -1 if it does not reach the
 /// plane, is parallel to it or has no length: then the parameter is -1 and the point stays as it
