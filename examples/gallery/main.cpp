@@ -16,8 +16,12 @@ struct Entry {
 };
 
 constexpr Entry kGallery[] = {
-    {"stereonet.svg", gallery::DrawStereonet},    {"enclosing_circle.svg", gallery::DrawEnclosing},
-    {"voxels.svg", gallery::DrawVoxels},          {"ellipsoid.svg", gallery::DrawEllipsoidSections},
+    {"triangulation.svg", gallery::DrawTriangulation},
+    {"even_odd.svg", gallery::DrawEvenOdd},
+    {"stereonet.svg", gallery::DrawStereonet},
+    {"enclosing_circle.svg", gallery::DrawEnclosing},
+    {"voxels.svg", gallery::DrawVoxels},
+    {"ellipsoid.svg", gallery::DrawEllipsoidSections},
     {"exact_sides.svg", gallery::DrawExactSides},
 };
 

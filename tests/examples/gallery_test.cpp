@@ -126,7 +126,7 @@ TEST_F(Gallery, IsWellFormedAndStaysOnItsSheets) {
       }
     }
   }
-  EXPECT_EQ(pictures, 5);
+  EXPECT_EQ(pictures, 7);
 }
 
 TEST_F(Gallery, IsShownInTheDocumentationAsItIsDrawn) {
@@ -141,6 +141,48 @@ TEST_F(Gallery, IsShownInTheDocumentationAsItIsDrawn) {
 TEST_F(Gallery, SaysWhereItCannotWrite) {
   EXPECT_NE(std::system("\"" GALLERY_PROGRAM "\" /dev/null/nowhere 2>/dev/null"), 0);
   EXPECT_NE(std::system("\"" GALLERY_PROGRAM "\" 2>/dev/null"), 0);
+}
+
+// A polygon of n corners and h holes has n + 2h - 2 triangles: 26 + 5 corners, one hole.
+TEST_F(Gallery, TriangulationFillsTheRing) {
+  EXPECT_EQ(Count("triangulation.svg", "polygon", "inside"), 31u);
+  EXPECT_EQ(Count("triangulation.svg", "circle", "corner"), 31u);
+  EXPECT_EQ(Count("triangulation.svg", "polygon", "ring"), 2u);
+}
+
+// The seven edges of the star cross 14 times: 21 vertices, 7 of them on the hull, hence 33
+// triangles. Inside are the tips, seven quadrilaterals, and the heptagon in the middle.
+TEST_F(Gallery, EvenOddAnswersAreThoseOfTheTriangles) {
+  const char* const name = "even_odd.svg";
+  const std::vector<Element> inside = Shapes(name, "polygon", "inside");
+  const std::vector<Element> outside = Shapes(name, "polygon", "outside");
+  EXPECT_EQ(inside.size(), 7 * 2 + 5u);
+  EXPECT_EQ(outside.size(), 33u - 19u);
+
+  const std::vector<Element> yes = Shapes(name, "circle", "yes");
+  const std::vector<Element> no = Shapes(name, "circle", "no");
+  EXPECT_EQ(yes.size() + no.size(), 797u);  // points of an integer grid within 16 of one of them
+  const Spot regions = Corners(Shapes(name, "polygon", "ring")[0])[0];
+  const Spot answers = Corners(Shapes(name, "polygon", "thin")[0])[0];
+  const auto isIn = [&](const std::vector<Element>& triangles, const Element& dot) {
+    const Spot at = Centre(dot);
+    const Spot p = {at.x - answers.x + regions.x, at.y - answers.y + regions.y};
+    for (const Element& triangle : triangles) {
+      const std::vector<Spot> corners = Corners(triangle);
+      if (IsInside(corners, p) || DistanceFromEdges(corners, p) < 0.05) {
+        return true;
+      }
+    }
+    return false;
+  };
+  for (const Element& dot : yes) {
+    EXPECT_TRUE(isIn(inside, dot)) << dot.Get("cx") << ", " << dot.Get("cy");
+  }
+  int onEdges = 0;
+  for (const Element& dot : no) {
+    onEdges += isIn(inside, dot) ? 1 : 0;
+  }
+  EXPECT_LT(onEdges, 3);
 }
 
 // A line of trend t and plunge p stands at the bearing t, √2·R·sin((90° - p) / 2) from the centre.
