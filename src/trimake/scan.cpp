@@ -1,46 +1,48 @@
 #include "trimake/scan.h"
 
 #include <cstddef>
+#include <vector>
 
 namespace zyl::geometry::internal {
 
 tri_Scan::tri_Scan(const int* neighbours, int triangleCount)
-    : neighbours_(neighbours), visited_(static_cast<std::size_t>(triangleCount)) {}
+    : neighbours_(neighbours),
+      visited_(std::make_unique<bool[]>(static_cast<std::size_t>(triangleCount))) {}
 
-// A stack entry is a triangle and the edge it was last left across, -1 if it is yet to be entered.
-// Below an entry with -1 stands the triangle that it is entered from.
+// The stack is the path from the start to the triangle just entered, each with the edge to try
+// next.
 void tri_Scan::Run(int start) {
   struct Step {
     int triangle;
     int edge;
   };
-  std::vector<Step> stack = {{start, -1}};
-  while (!stack.empty()) {
-    const auto [t, left] = stack.back();
-    stack.pop_back();
-    if (left == -1) {
-      if (visited_[static_cast<std::size_t>(t)]) {
-        continue;
-      }
-      visited_[static_cast<std::size_t>(t)] = true;
-      if (!Accept(t)) {
-        continue;
-      }
-      if (stack.empty()) {
-        Seed(t);
-      } else {
-        Propagate(stack.back().triangle, stack.back().edge, t);
-      }
+  std::vector<Step> path;
+  if (Enter(start)) {
+    Seed(start);
+    path.push_back({start, 0});
+  }
+  while (!path.empty()) {
+    const auto [t, k] = path.back();
+    if (k == 3) {
+      path.pop_back();
+      continue;
     }
-    const int next = left + 1;
-    if (next < 3) {
-      stack.push_back({t, next});
-      const int neighbour = neighbours_[3 * t + next] - 1;
-      if (neighbour >= 0 && MayCross(t, next)) {
-        stack.push_back({neighbour, -1});
-      }
+    ++path.back().edge;
+    const int neighbour = neighbours_[3 * t + k] - 1;
+    if (neighbour >= 0 && MayCross(t, k) && Enter(neighbour)) {
+      Propagate(t, k, neighbour);
+      path.push_back({neighbour, 0});
     }
   }
+}
+
+bool tri_Scan::Enter(int t) {
+  bool& visited = visited_[static_cast<std::size_t>(t)];
+  if (visited) {
+    return false;
+  }
+  visited = true;
+  return Accept(t);
 }
 
 bool tri_Scan::Accept(int) { return true; }

@@ -2,7 +2,7 @@
 
 // Depth-first traversal of triangles across their edges, and the one that marks inside and outside.
 
-#include <vector>
+#include <memory>
 
 #include "trimake/records.h"
 
@@ -30,8 +30,11 @@ class tri_Scan {
   virtual void Propagate(int from, int k, int to);
 
  private:
+  // Whether the traversal goes on into triangle t, which is visited from now on.
+  bool Enter(int t);
+
   const int* neighbours_;
-  std::vector<bool> visited_;
+  std::unique_ptr<bool[]> visited_;  // per triangle
 };
 
 /// Marks triangles as inside (1) or outside (0): the mark changes across an edge with an odd number

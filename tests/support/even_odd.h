@@ -57,7 +57,7 @@ inline bool IsNearEdge(const Ring2& ring, const Point2& q, double ratio) {
     const double squared = e[0] * e[0] + e[1] * e[1];
     const double along = e[0] * w[0] + e[1] * w[1];
     const double across = e[0] * w[1] - e[1] * w[0];
-    if (std::fabs(across) <= ratio * squared && along >= -ratio * squared &&
+    if (squared > 0 && std::fabs(across) <= ratio * squared && along >= -ratio * squared &&
         along <= (1 + ratio) * squared) {
       return true;
     }
