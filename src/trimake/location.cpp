@@ -103,6 +103,42 @@ bool IsNearBoundary(const tri_Polygon& polygon, int triangle, const double* quer
   return false;
 }
 
+// Whether the edge from a to b crosses the ray that runs from the query point to the right. Just
+// one end has to be above the ray, so that a corner on it counts once for each edge that rises from
+// it.
+bool CrossesRay(const double* a, const double* b, const double* query) {
+  const bool rises = b[1] > query[1];
+  if (rises == (a[1] > query[1])) {
+    return false;
+  }
+  return rises ? orient2d(a, b, query) > 0 : orient2d(a, b, query) < 0;
+}
+
+// The answer from the boundary alone, without the triangles: inside is what an odd number of edges
+// separates from far away, and an edge that the boundary runs along twice is none. O(boundary).
+int LocateByCrossings(const tri_Polygon& polygon, const double* query, double tolerance) {
+  const double tolerance2 = tolerance * tolerance;
+  bool inside = false;
+  bool onEdge = false;
+  for (int i = 0; i < polygon.boundaryCount; ++i) {
+    const double* const b = &polygon.boundary[i].x;
+    const Offset w = Difference(b, query);
+    if (tolerance2 >= Dot(w, w)) {
+      return kOnBoundary;
+    }
+    if (polygon.boundary[i].flag != 0) {
+      continue;
+    }
+    const double* const a = &polygon.boundary[i - 1].x;
+    onEdge = onEdge != IsNearEdge(a, b, query, tolerance2);
+    inside = inside != CrossesRay(a, b, query);
+  }
+  if (onEdge) {
+    return kOnBoundary;
+  }
+  return inside ? kInside : kOutside;
+}
+
 // Where the line through a local point along a world direction meets the plane.
 void SlideIntoPlane(const TMatrix& m, const double* d, double* q) {
   double x = m[0] * d[0] + m[4] * d[1] + m[8] * d[2];
@@ -157,6 +193,9 @@ int tri_Locate_Point(tri_Polygon* polygon, const double* point, const double* di
   }
   if (!std::isfinite(query[0]) || !std::isfinite(query[1])) {
     return kOutside;
+  }
+  if (polygon->boundary != nullptr) {
+    return LocateByCrossings(*polygon, query, tolerance);
   }
   const TWalk found = FindTriangle(*polygon, query);
   polygon->lastTriangle = found.triangle;

@@ -36,9 +36,10 @@ TWalk tri_Walk(const tri_Polygon& polygon, const double* query, int start);
 /// a point may count as on it from as far away as some 1e-8 of its own distance from the edge's
 /// start. A point with a coordinate that is NaN or infinite is outside.
 ///
-/// Remembers the triangle for the next call, and so must not run on several threads for one
-/// polygon. Allocates nothing. O(triangles between the last point and this one) and, if the walk
-/// gives up, O(triangles).
+/// Where the marks of the triangles contradict each other, crossings of the boundary are counted
+/// instead, exactly. Remembers the triangle for the next call, and so must not run on several
+/// threads for one polygon. Allocates nothing. O(triangles between the last point and this one)
+/// and, if the walk gives up, O(triangles); O(boundary) where crossings are counted.
 int tri_Locate_Point(tri_Polygon* polygon, const double* point, const double* direction,
                      double tolerance);
 

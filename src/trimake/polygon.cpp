@@ -121,6 +121,29 @@ void MarkInside(tri_Polygon& polygon) {
   scan.Run(hullEdge / 3);
 }
 
+bool IsInside(const tri_Polygon& polygon, int triangle) { return polygon.inside[triangle] == 1; }
+
+// Whether crossing an edge changes the mark exactly if the edge is boundary, far away being
+// outside. It is not so if a segment of the boundary is missing: boundaries that cross at small
+// angles, and run along each other besides, may leave triangles turned over that the next segment
+// does not get past.
+bool AreMarksSound(const tri_Polygon& polygon) {
+  for (int t = 0; t < polygon.triangleCount; ++t) {
+    for (int k = 0; k < 3; ++k) {
+      const int across = polygon.neighbours[3 * t + k] - 1;
+      const bool changes = IsInside(polygon, t) != (across >= 0 && IsInside(polygon, across));
+      if (changes != IsBoundary(polygon.edgeInfo[3 * t + k])) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
+void KeepBoundary(TArray& array, tri_Polygon& polygon) {
+  polygon.boundary = static_cast<TPoint*>(array.Take(&polygon.boundaryCount));
+}
+
 // Null if there is no triangle. Throws if memory runs out.
 Polygon Build(int count, const TPoint* points, const double* normal) {
   Polygon polygon(new (Allocate<tri_Polygon>(1)) tri_Polygon{});
@@ -136,6 +159,9 @@ Polygon Build(int count, const TPoint* points, const double* normal) {
     return nullptr;
   }
   MarkInside(*polygon);
+  if (!AreMarksSound(*polygon)) {
+    KeepBoundary(*boundary, *polygon);
+  }
   return polygon;
 }
 
@@ -163,6 +189,7 @@ void tri_Free_Polygon(tri_Polygon* polygon) {
   std::free(polygon->edgeInfo);
   std::free(polygon->neighbours);
   std::free(polygon->inside);
+  std::free(polygon->boundary);
   std::free(polygon);
 }
 

@@ -18,7 +18,9 @@ struct tri_Polygon {
   int* neighbours;      ///< three 1-based triangle numbers a triangle, across edge k, or 0
   int* inside;          ///< 1 inside the polygon, 0 outside, -1 not reached
   TMatrix toLocal;
-  int lastTriangle;  ///< where the next location starts
+  int lastTriangle;   ///< where the next location starts
+  int boundaryCount;  ///< points in `boundary`
+  TPoint* boundary;   ///< closed chains, local, where the marks contradict each other; else null
 };
 
 /// Triangulates the polygon that the points outline.

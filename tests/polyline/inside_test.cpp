@@ -172,29 +172,46 @@ bool IsOnCrossedEdge(const Ring2& ring, const Point2& p) {
   return false;
 }
 
-// Walks between the points of a small grid cross, touch and run along themselves and repeat
-// vertices. Asked at every half step; on an edge only if no other edge crosses that one, since the
-// boundary then runs through the rounded crossing point.
-TEST(IsPointInside, AgreesWithTheEvenOddRuleOnTangledRings) {
-  constexpr int kSide = 4;
-  constexpr double kUnit = 1.0 / 1024;
-  std::mt19937_64 random(1234);
-  for (int round = 0; round < 400; ++round) {
-    const std::size_t n = 3 + random() % 12;
-    const Ring2 ring = rings::GridWalk(n, kSide, random);
+// Asked at every half step; on an edge only if no other edge crosses that one, since the boundary
+// then runs through the rounded crossing point.
+void CheckGridWalks(int rounds, int side, std::size_t mostVertices, std::mt19937_64& random) {
+  constexpr double kUnit = 1.0 / 4096;
+  const auto atHalfStep = [&] {
+    return static_cast<double>(random() % static_cast<unsigned>(2 * side + 3)) / 2 - 0.5;
+  };
+  for (int round = 0; round < rounds; ++round) {
+    const Ring2 ring = rings::GridWalk(3 + random() % (mostVertices - 2), side, random);
     const Polyline3D polyline = Small(ring, kUnit);
     const bool hasArea = HasArea(ring);
     for (int q = 0; q < 40; ++q) {
-      const Point2 p = {static_cast<double>(random() % (2 * kSide + 3)) / 2 - 0.5,
-                        static_cast<double>(random() % (2 * kSide + 3)) / 2 - 0.5};
+      const double x = atHalfStep();
+      const Point2 p = {x, atHalfStep()};
       if (IsOnCrossedEdge(ring, p)) {
         continue;
       }
       const bool expected = hasArea && EvenOdd(ring, p) != Place::kOutside;
       ASSERT_EQ(polyline.IsPointInside(p[0] * kUnit, p[1] * kUnit, 0), expected)
-          << "round " << round << " at " << p[0] << ", " << p[1];
+          << "side " << side << ", round " << round << " at " << p[0] << ", " << p[1];
     }
   }
+}
+
+// Walks between the points of a small grid cross, touch and run along themselves and repeat
+// vertices. On the larger one some cross at angles so small that triangles are turned over there,
+// and a further edge through the same place cannot be forced in.
+TEST(IsPointInside, AgreesWithTheEvenOddRuleOnTangledRings) {
+  std::mt19937_64 random(1234);
+  CheckGridWalks(400, 4, 14, random);
+  CheckGridWalks(150, 16, 40, random);
+}
+
+// Found by fuzzing: two edges of this ring are walked twice, others cross them in between.
+TEST(IsPointInside, StandsAnEdgeThatCannotBeForcedIn) {
+  const Ring2 ring = {{-4, -8}, {7, 1},   {-6, -8}, {7, 2},   {0, -8},  {2, 7}, {-7, -1},
+                      {5, -8},  {-3, -3}, {1, -8},  {-6, -7}, {-6, -8}, {7, 1}, {-6, -8}};
+  const Polyline3D polyline = Small(ring, 1.0 / 4096);
+  EXPECT_FALSE(polyline.IsPointInside(2.0 / 4096, -8.0 / 4096, 0));
+  EXPECT_TRUE(polyline.IsPointInside(7.0 / 4096, 1.0 / 4096, 0));
 }
 
 }  // namespace
