@@ -149,9 +149,9 @@ TEST(SmallestEnclosingCircle, IsThatOfAnExactSearchThroughAllPairsAndTriples) {
 }
 
 TEST(SmallestEnclosingCircle, KeepsItsSizeWhenTheSiteIsMoved) {
+  std::mt19937_64 random(43);
   for (int run = 0; run < 60; ++run) {
-    std::mt19937_64 random(run);
-    std::mt19937_64 again(run);
+    std::mt19937_64 again = random;
     const EncCircle near = SmallestEnclosingCircle(Draw(run % 6, 1000, 0, random));
     const Points points = Draw(run % 6, 1000, 1e7, again);
     const EncCircle far = SmallestEnclosingCircle(points);

@@ -10,7 +10,8 @@
 #include <random>
 #include <utility>
 
-#include "support/counting_new.h"
+#include "support/failing_allocator.h"
+#include "voxel/id_list.h"
 #include "zyl/geometry/extent.h"
 
 namespace zyl::geometry {
@@ -146,9 +147,10 @@ TEST(Voxelation, CopiesAreDeepAndMovesLeaveNothing) {
   EXPECT_EQ(All(moved), (IDs{1, 2}));
 }
 
+// Whether the k-th allocation of the action, counted from 1, is made and fails.
 template <class Action>
-bool RunsOutOfMemory(long allocations, Action action) {
-  const heap::Limit limit(allocations);
+bool RunsOutOfMemory(long k, Action action) {
+  const faults::FailAllocation failure(k, false);
   try {
     action();
   } catch (const std::bad_alloc&) {
@@ -159,7 +161,7 @@ bool RunsOutOfMemory(long allocations, Action action) {
 
 // A copy of the source takes the grid and ten lists; each of the eleven fails once.
 TEST(Voxelation, RunningOutOfMemoryLeavesItAsItWasAndLeaksNothing) {
-  const long before = heap::liveBlocks;
+  const long before = faults::LiveBlocks();
   {
     Voxelation source = TenCubed();
     for (int i = 0; i < 20; ++i) {
@@ -168,28 +170,28 @@ TEST(Voxelation, RunningOutOfMemoryLeavesItAsItWasAndLeaksNothing) {
     Voxelation target(Coord3D(0, 0, 0), Coord3D(1, 1, 1), 2, 2, 2);
     target.AddPoint(Coord3D(0, 0, 0), 100);
     const auto copy = [&] { target = source; };
-    for (long n = 0; n < 11; ++n) {
-      EXPECT_TRUE(RunsOutOfMemory(n, copy)) << n;
+    for (long k = 1; k <= 11; ++k) {
+      EXPECT_TRUE(RunsOutOfMemory(k, copy)) << k;
     }
     const Coord3D one(1, 1, 1);
-    EXPECT_TRUE(RunsOutOfMemory(0, [&] { target.Initialise(Coord3D(), one, 4, 4, 4); }));
-    EXPECT_TRUE(RunsOutOfMemory(0, [&] { target.AddPoint(one, 101); }));
+    EXPECT_TRUE(RunsOutOfMemory(1, [&] { target.Initialise(Coord3D(), one, 4, 4, 4); }));
+    EXPECT_TRUE(RunsOutOfMemory(1, [&] { target.AddPoint(one, 101); }));
     EXPECT_EQ(All(target), IDs{100});
-    EXPECT_FALSE(RunsOutOfMemory(11, copy));
+    EXPECT_FALSE(RunsOutOfMemory(12, copy));
     EXPECT_EQ(All(target), All(source));
   }
-  EXPECT_EQ(heap::liveBlocks, before);
+  EXPECT_EQ(faults::LiveBlocks(), before);
 }
 
-TEST(Voxelation, MemoryGrowsWithDistinctIdentifiersOnly) {
-  const long before = heap::liveBytes;
-  Voxelation grid = TenCubed();
-  EXPECT_LE(heap::liveBytes - before, static_cast<long>(1001 * sizeof(void*)));
+TEST(IdList, GrowsWithDistinctIdentifiersOnly) {
+  internal::IdList list;
   for (int64 i = 0; i < 100000; ++i) {
-    grid.AddPoint(Coord3D(5, 5, 5), i * 7919 % 1000);  // each of 1000 ids a hundred times
+    list.Insert(i * 7919 % 1000);  // each of 1000 a hundred times
+    ASSERT_LE(list.end() - list.begin(), 4 * std::min<int64>(i + 1, 1000));
   }
-  EXPECT_LE(heap::liveBytes - before, static_cast<long>(1001 * sizeof(void*) + 1000 * 40));
-  EXPECT_EQ(All(grid).size(), 1000u);
+  list.Sort();
+  ASSERT_EQ(list.end() - list.begin(), 1000);
+  EXPECT_EQ(list.end()[-1], 999);
 }
 
 // Coordinates are whole or halves, so that the reference finds a voxel by rounding down.
