@@ -1,0 +1,110 @@
+// Boxes, segments, triangles and planes of any numbers. On all they have to answer; on small
+// integers the answers of different members have to agree.
+
+#include <cmath>
+
+#include "input.h"
+#include "zyl/geometry/extent.h"
+#include "zyl/geometry/extent2d.h"
+#include "zyl/geometry/geom.h"
+#include "zyl/geometry/plane.h"
+#include "zyl/geometry/segment.h"
+#include "zyl/geometry/triangle.h"
+
+namespace {
+
+using namespace zyl::geometry;
+
+constexpr double kRounding = 1e-6;  // angles lose half the digits near 0; coordinates are below 10
+
+Coord3D NextCoord(fuzz::Input& input) {
+  const double x = input.Coordinate();
+  const double y = input.Coordinate();
+  return {x, y, input.Coordinate()};
+}
+
+void CheckBoxes(const Extent& a, const Extent& b, const Coord3D& p, bool isExact) {
+  Extent common;
+  const bool meet = a.GetIntersection(b, common);
+  a.GetOctants();
+  a.Distance(Segment(p, b.min));
+  a.GetVolume();
+  if (!isExact) {
+    return;
+  }
+  const bool isOrdered = a.min.x < a.max.x && a.min.y < a.max.y && a.min.z < a.max.z &&
+                         b.min.x < b.max.x && b.min.y < b.max.y && b.min.z < b.max.z;
+  FUZZ_CHECK(!isOrdered || meet == a.IsOverlapping(b));
+  FUZZ_CHECK(!a.IsOverlapping(b) || a.Hit(b));
+  FUZZ_CHECK(!a.IsInside(b) || a.IsCoveredBy(b));
+  FUZZ_CHECK(!isOrdered || (a.Distance(p) == 0) == a.IsInside(p));
+  Extent grown = a;
+  grown.Union(b);
+  grown.AddPoint(p);
+  FUZZ_CHECK(a.IsCoveredBy(grown) && b.IsCoveredBy(grown) && grown.IsInside(p));
+}
+
+void CheckSegments(Segment s, Segment t, const Coord3D& p, bool isExact) {
+  double toPoint = 0;
+  double toSegment = 0;
+  const Coord3D nearest = s.GetNearestPoint(p, toPoint);
+  s.GetNearestPoint(t, toSegment);
+  s.AngleBetween(t);
+  s.ProjectPoint(p);
+  if (isExact && s.Length() > 0 && p != s.start) {
+    FUZZ_CHECK(std::fabs(nearest.Distance(p) - toPoint) <= kRounding);
+    FUZZ_CHECK(toPoint <= p.Distance(s.start) + kRounding);
+    FUZZ_CHECK(toPoint <= p.Distance(s.end) + kRounding);
+  }
+  if (isExact && s.Length() > 0 && t.Length() > 0) {
+    FUZZ_CHECK(std::fabs(toSegment - t.Distance(s)) <= kRounding);
+  }
+}
+
+void CheckTriangles(Triangle a, Triangle b, Segment s, const Coord3D& p, bool isExact) {
+  double toPoint = 0;
+  double toSegment = 0;
+  a.GetNearestPoint(p, toPoint);
+  a.GetNearestPoint(s, toSegment);
+  const bool touch = a.IsTouching(b);
+  const Plane plane(a);
+  if (!isExact) {
+    return;
+  }
+  FUZZ_CHECK(touch == b.IsTouching(a));
+  if (plane.Normal().Magnitude() > 0.5) {
+    FUZZ_CHECK(toPoint <= p.Distance(a.p0) + kRounding);
+    FUZZ_CHECK(toPoint <= p.Distance(a.p1) + kRounding);
+    FUZZ_CHECK(toPoint <= p.Distance(a.p2) + kRounding);
+    FUZZ_CHECK(toPoint >= plane.Distance(p, true) - kRounding);
+    FUZZ_CHECK(a.Intersect(s) ? toSegment == 0 : toSegment >= 0);
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  geom_Init();
+  fuzz::Input input(data, size);
+  const bool isExact = input.Byte() % 2 == 0;
+  input.DrawKind();
+  Coord3D c[7];
+  for (Coord3D& coord : c) {
+    coord = NextCoord(input);
+    for (int i = 0; isExact && i < 3; ++i) {
+      coord[i] = input.Byte() % 17 - 8;
+    }
+  }
+  Triangle a;
+  a.p0 = Point3D(c[0]);
+  a.p1 = Point3D(c[1]);
+  a.p2 = Point3D(c[2]);
+  Triangle b;
+  b.p0 = Point3D(c[3]);
+  b.p1 = Point3D(c[4]);
+  b.p2 = Point3D(c[5]);
+  CheckBoxes(Extent(c[0], c[1]), Extent(c[2], c[3]), c[4], isExact);
+  CheckSegments(Segment(c[0], c[1]), Segment(c[2], c[3]), c[4], isExact);
+  CheckTriangles(a, b, Segment(c[5], c[6]), c[6], isExact);
+  return 0;
+}

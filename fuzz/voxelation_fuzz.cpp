@@ -1,0 +1,107 @@
+// A voxel index over any box, beside a map from voxel to identifiers.
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+
+#include "input.h"
+#include "zyl/geometry/extent.h"
+#include "zyl/geometry/voxelation.h"
+
+namespace {
+
+using namespace zyl::geometry;
+using Ids = std::set<int64>;
+using Voxel = std::tuple<int, int, int>;
+
+constexpr int kMostVoxels = 12;  // along one axis; memory stays bounded
+
+Coord3D NextCoord(fuzz::Input& input) {
+  const double x = input.Coordinate();
+  const double y = input.Coordinate();
+  return {x, y, input.Coordinate()};
+}
+
+// Calls visit(i, j, k) for every voxel of the range between two points.
+template <class Visit>
+void ForRange(const Voxelation& index, const Coord3D& low, const Coord3D& high, Visit visit) {
+  Voxelation::Location from{};
+  Voxelation::Location to{};
+  index.Locate(low, from);
+  index.Locate(high, to);
+  for (int i = from.i; i <= to.i; ++i) {
+    for (int j = from.j; j <= to.j; ++j) {
+      for (int k = from.k; k <= to.k; ++k) {
+        visit(Voxel(i, j, k));
+      }
+    }
+  }
+}
+
+void CheckWithoutGrid(Voxelation& index) {
+  Voxelation::Location location{1, 2, 3};
+  Ids ids;
+  int dims[3];
+  FUZZ_CHECK(!index.Locate(0, 0, 0, location) && location.i == 1);
+  FUZZ_CHECK(!index.AddPoint(Coord3D(), 1) && !index.Clear() && !index.GetDimensions(dims));
+  FUZZ_CHECK(!index.CollectIDsAt(ids, 0, 0, 0) && ids.empty());
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::Input input(data, size);
+  input.DrawKind();
+  const Coord3D low = NextCoord(input);
+  const Coord3D high = NextCoord(input);
+  const int counts[3] = {input.Int(-1, kMostVoxels), input.Int(-1, kMostVoxels),
+                         input.Int(-1, kMostVoxels)};
+  Voxelation index(low, high, counts[0], counts[1], counts[2]);
+  int dims[3] = {0, 0, 0};
+  if (!index.GetDimensions(dims)) {
+    FUZZ_CHECK(*std::min_element(counts, counts + 3) <= 0 || low.SquaredDistance(high) == 0);
+    CheckWithoutGrid(index);
+    return 0;
+  }
+
+  std::map<Voxel, Ids> model;
+  const int steps = input.Byte() % 32;
+  for (int step = 0; step < steps && input.Left() > 0; ++step) {
+    const Coord3D a = NextCoord(input);
+    const int64 id = input.Byte();
+    if (input.Byte() % 2 == 0) {
+      FUZZ_CHECK(index.AddPoint(a, id));
+      ForRange(index, a, a, [&](const Voxel& voxel) { model[voxel].insert(id); });
+    } else {
+      const Coord3D b = NextCoord(input);
+      FUZZ_CHECK(index.AddExtent(Extent(a, b), id));
+      ForRange(index, a, b, [&](const Voxel& voxel) { model[voxel].insert(id); });
+    }
+  }
+
+  const Voxelation copy(index);
+  for (int i = -1; i <= dims[0]; ++i) {
+    for (int j = -1; j <= dims[1]; ++j) {
+      for (int k = -1; k <= dims[2]; ++k) {
+        Ids found;
+        copy.CollectIDsAt(found, i, j, k);
+        const auto wanted = model.find(Voxel(i, j, k));
+        FUZZ_CHECK(wanted == model.end() ? found.empty() : found == wanted->second);
+      }
+    }
+  }
+  const Coord3D centre = NextCoord(input);
+  const Coord3D half = NextCoord(input);
+  Ids wanted;
+  ForRange(index, centre - half, centre + half, [&](const Voxel& voxel) {
+    const auto ids = model.find(voxel);
+    if (ids != model.end()) {
+      wanted.insert(ids->second.begin(), ids->second.end());
+    }
+  });
+  Ids near;
+  FUZZ_CHECK(index.CollectIDsNear(near, centre, half.x, half.y, half.z) == !wanted.empty());
+  FUZZ_CHECK(near == wanted);
+  return 0;
+}
