@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <limits>
+
+#include "zyl/geometry/direction.h"
 
 namespace survey {
 namespace {
 
 using zyl::geometry::Coord2D;
 using zyl::geometry::Coord3D;
+using zyl::geometry::Direction;
 using zyl::geometry::Polyline3D;
 
 constexpr const char* kThinSpace = "\xE2\x80\x89";
@@ -32,19 +34,10 @@ Coord2D View::At(const Coord3D& p) const {
 }
 
 Coord3D UpperNormal(const Polyline3D& outline) {
-  const Coord3D first = outline[0];
-  Coord3D twiceArea;
-  Coord3D from;
-  for (const Coord3D corner : outline.GetPointVector()) {
-    const Coord3D to = corner - first;
-    twiceArea += from.Cross(to);
-    from = to;
-  }
-  const double length = twiceArea.Magnitude();
-  if (!(length > 0 && length < std::numeric_limits<double>::infinity())) {
-    return {0, 0, 1};
-  }
-  return twiceArea * ((twiceArea.z < 0 ? -1 : 1) / length);
+  Direction normal(0, 0, 1);
+  outline.GetPolygonNormal(normal);
+  const Coord3D n(normal.x, normal.y, normal.z);
+  return n.z < 0 ? -n : n;
 }
 
 View SquareTo(const Polyline3D& outline) {
