@@ -85,7 +85,8 @@ struct Minors<4> {
   FourMinors upper;
   FourMinors lower;
 
-  explicit Minors(const double (&m)[4][4])
+  // Left to itself clang calls this, and a determinant pays for all the minors of an inverse.
+  [[gnu::always_inline]] explicit Minors(const double (&m)[4][4])
       : upper(TwoRows<4>(m[1], m[0]), m[2], m[3]), lower(m[0], m[1], TwoRows<4>(m[3], m[2])) {}
 };
 
