@@ -2,10 +2,8 @@
 // (1977), with an explicit list of edges in place of recursion. Breaklines are left alone, as in
 // D. T. Lee and A. K. Lin, "Generalized Delaunay triangulation for planar graphs" (1986).
 
-#include <initializer_list>
-
 #include "trimake/breaklines.h"
-#include "trimake/orientation.h"
+#include "trimake/quadrilateral.h"
 
 namespace zyl::geometry::internal {
 namespace {
@@ -14,39 +12,22 @@ namespace {
 // the triangulation lifted to the paraboloid.
 constexpr long long kMostFlips = 10001;
 
-// Replaces the edge a-c by the other diagonal of its two triangles if d is inside the circle.
-//
-//         c              c        Neither triangle is there at the border, or beside a hole that a
-//       / | \          /   \      damaged ring has; then the ends of the two sides differ. The
-//      v  |  d   →    v --- d     new triangles must be counterclockwise: on sound ones that is so
-//       \ | /          \   /      whenever d is inside, on others a flip would spread the damage.
-//         a              a
-//
-// The new edge takes the two records of the old one, so that the list never holds a dead one.
-bool Flip(TrimakeState& state, TEdge* ac) {
-  TVertex* const a = ac->twin->dest;
-  TVertex* const c = ac->dest;
-  TEdge* const av = ac->next;
-  TEdge* const cv = ac->twin->prev;
-  TEdge* const ad = ac->prev;
-  TEdge* const cd = ac->twin->next;
-  TVertex* const v = av->dest;
-  TVertex* const d = ad->dest;
-  if (ac->info != nullptr || cv->dest != v || cd->dest != d) {
-    return false;
-  }
-  if (!(incircle(c->xy, v->xy, a->xy, d->xy) > 0) || !ccw(v, a, d) || !ccw(v, d, c)) {
-    return false;
-  }
-  tri_Delete_Edge(state, a, ac);
-  tri_Make_Edge(state, v, d, av->twin, cd->twin, false, false);
-  for (TEdge* const side : {av, cv, ad, cd}) {
-    tri_Queue_Edge(state, side);
-  }
-  return true;
+// Whether a flip is due: the edge is free, and the corner opposite one of its triangles is inside
+// the circle of the other. Not if a predicate overflows to NaN. On sound triangles the flip is then
+// possible; on others it is refused where it would turn a triangle over.
+bool IsIllegal(const TQuadrilateral& q) {
+  return q.edge->info == nullptr && q.IsWhole() &&
+         incircle(q.right->xy, q.beyond->xy, q.left->xy, q.before->xy) > 0 && q.IsConvex();
 }
 
 }  // namespace
+
+void tri_Flip(TrimakeState& state, const TQuadrilateral& q) {
+  TEdge* const afterBeyond = q.edge->next->twin;
+  TEdge* const afterBefore = q.edge->twin->next->twin;
+  tri_Delete_Edge(state, q.left, q.edge);
+  tri_Make_Edge(state, q.beyond, q.before, afterBeyond, afterBefore, false, false);
+}
 
 void tri_Queue_Edge(TrimakeState& state, TEdge* edge) {
   *static_cast<TEdge**>(state.flips->Reserve(1)) = edge;
@@ -58,7 +39,15 @@ void tri_Legalise(TrimakeState& state) {
   while (list->count > 0 && budget > 0) {
     TEdge* const edge = static_cast<TEdge**>(list->data)[list->count - 1];
     list->Drop(1);
-    budget -= Flip(state, edge) ? 1 : 0;
+    const TQuadrilateral q(edge);
+    if (IsIllegal(q)) {
+      TEdge* const sides[] = {edge->next, edge->prev, edge->twin->next, edge->twin->prev};
+      tri_Flip(state, q);
+      for (TEdge* const side : sides) {
+        tri_Queue_Edge(state, side);
+      }
+      --budget;
+    }
   }
   list->Drop(list->count);
 }

@@ -146,137 +146,6 @@ TEdge* SearchFromFarEnd(const TVertex* hub, const TVertex* p) {
   return step == Step::kArrived ? corridor.Crossed()->next->twin : nullptr;
 }
 
-// Whether the foot of q on the segment lies between its ends.
-bool IsBetweenEnds(double dx, double dy, double invLen2, const TVertex* q, const TVertex* a) {
-  const double t = dx * (q->xy[0] - a->xy[0]) + dy * (q->xy[1] - a->xy[1]);
-  return t > 0 && t * invLen2 < 1;
-}
-
-// Where the current segment and the newest of a list cross, at the mean of their two heights.
-// Parallel ones, which touch in more than one point, share the middle of the older segment.
-TPoint CrossingPoint(const TrimakeState& state, const TInfo* info) {
-  const TPoint& s = state.points[info->head->from];
-  const TPoint& e = state.points[info->head->to];
-  const TPoint& p0 = state.points[state.segmentFrom];
-  const TPoint& p1 = state.points[state.segmentTo];
-  const double ex = e.x - s.x, ey = e.y - s.y, ez = e.z - s.z;
-  const double sx = p1.x - p0.x, sy = p1.y - p0.y, sz = p1.z - p0.z;
-  const double den = ey * sx - ex * sy;
-  if (den == 0) {
-    const double z1 = (s.z + e.z) * 0.5;
-    const double z2 = (p0.z + p1.z) * 0.5;
-    return {(s.x + e.x) * 0.5, (s.y + e.y) * 0.5, (z1 + z2) * 0.5, 0};
-  }
-  const double t = ((p0.y - s.y) * sx - (p0.x - s.x) * sy) / den;
-  const double u = ((p0.y - s.y) * ex - (p0.x - s.x) * ey) / den;
-  const double z1 = s.z + t * ez;
-  const double z2 = p0.z + u * sz;
-  return {s.x + t * ex, s.y + t * ey, (z1 + z2) * 0.5, 0};
-}
-
-// A half-edge across a segment and the corners, counterclockwise, of its two triangles.
-struct Quadrilateral {
-  explicit Quadrilateral(TEdge* c)
-      : edge(c),
-        left(c->twin->dest),
-        before(c->prev->dest),
-        right(c->dest),
-        beyond(c->next->dest) {}
-
-  // Whether the four triangles that w would make with the sides are counterclockwise.
-  bool IsSeenFrom(const TPoint& w) const {
-    return ccw(&w, left, before) && ccw(&w, before, right) && ccw(&w, right, beyond) &&
-           ccw(&w, beyond, left);
-  }
-
-  TEdge* edge;
-  TVertex* left;
-  TVertex* before;
-  TVertex* right;
-  TVertex* beyond;
-};
-
-// Squared distance within which input points are one vertex.
-constexpr double kSamePlace2 = 1e-16;
-
-bool IsSamePlace(const TPoint& w, const TVertex* v) {
-  const double dx = w.x - v->xy[0];
-  const double dy = w.y - v->xy[1];
-  return dx * dx + dy * dy <= kSamePlace2;
-}
-
-TInfo* CopyOf(TrimakeState& state, const TInfo* info) {
-  TInfo* const copy = tri_New_TInfo(state);
-  copy->count = info->count;
-  TIndex* to = copy->head;
-  for (const TIndex* from = info->head; from != nullptr; from = from->next) {
-    *to = {from->next != nullptr ? tri_New_TIndex(state) : nullptr, from->from, from->to};
-    to = to->next;
-  }
-  return copy;
-}
-
-// Replaces the edge of the quadrilateral, a breakline, by edges from its corners to the vertex w;
-// those to the left and to the right carry its list on. A damaged ring may have the same vertex
-// before and beyond, which is joined once. The edge to `start`, if there is one, is marked.
-TCrossing Split(TrimakeState& state, const Quadrilateral& q, TVertex* w, const TVertex* start) {
-  const struct {
-    TVertex* vertex;
-    TEdge* after;
-    TInfo* info;
-  } corners[] = {
-      {q.left, q.edge->prev, q.edge->info},
-      {q.before, q.edge->prev->twin->prev, nullptr},
-      {q.right, q.edge->twin->prev, CopyOf(state, q.edge->info)},
-      {q.beyond, q.edge->next->twin, nullptr},
-  };
-  tri_Delete_Edge(state, q.left, q.edge);
-  TEdge* last = nullptr;
-  TCrossing result = kNewVertex;
-  for (const auto& corner : corners) {
-    if (&corner == &corners[3] && q.beyond == q.before) {
-      continue;
-    }
-    const TEdgePair made = tri_Make_Edge(state, w, corner.vertex, last, corner.after, false, false);
-    if (made.edge == nullptr) {
-      return kNoCorridor;
-    }
-    last = made.edge;
-    made.edge->info = corner.info;
-    made.twin->info = corner.info;
-    if (corner.vertex == start) {
-      tri_Mark_Edge(state, made.edge);
-      result = kNewNeighbour;
-    }
-  }
-  return result;
-}
-
-// Gives the breakline of the half-edge c a vertex where the current segment, from `start`, crosses
-// it. Where that falls on an end of c and would turn a triangle over, the end is the vertex.
-TCrossing CrossBreakline(TrimakeState& state, TEdge* c, const TVertex* start, TVertex** out) {
-  const Quadrilateral q(c);
-  const TPoint point = CrossingPoint(state, c->info);
-  if (!std::isfinite(point.x) || !std::isfinite(point.y)) {
-    return kNoCorridor;
-  }
-  if (!q.IsSeenFrom(point)) {
-    for (TVertex* const end : {q.left, q.right}) {
-      if (IsSamePlace(point, end)) {
-        *out = end;
-        return kVertex;
-      }
-    }
-  }
-  if (state.crossingsLeft-- <= 0) {
-    return kNoCorridor;
-  }
-  *out = tri_New_Vertex(state, point.x, point.y, point.z);
-  const TCrossing result = Split(state, q, *out, start);
-  tri_Legalise_Around(state, *out);
-  return result;
-}
-
 }  // namespace
 
 int tri_Find_Direction(TVertex* a, TVertex* p, TEdge** out) {
@@ -307,12 +176,25 @@ bool tri_Near_Line(const TrimakeState& state, double dx, double dy, double invLe
   return state.nearTolerance2 >= std::fabs(h) || state.relativeTolerance2 >= std::fabs(h * invLen2);
 }
 
+bool tri_Is_Between(double dx, double dy, double invLen2, const TVertex* q, const TVertex* a) {
+  const double t = dx * (q->xy[0] - a->xy[0]) + dy * (q->xy[1] - a->xy[1]);
+  return t > 0 && t * invLen2 < 1;
+}
+
 TCrossing tri_Check_Crossings(TrimakeState& state, double dx, double dy, double invLen2, TVertex* a,
                               TEdge* e, TVertex* p, TVertex** out) {
-  // A vertex near the line but off the segment would lead back.
+  // A piece from or to a crossing is off the line of the whole segment by the crossing's rounding,
+  // but a vertex on the whole segment is on the breakline none the less. A vertex near the line but
+  // not between the ends would lead back.
+  const TPoint* const p0 = &state.points[state.segmentFrom];
+  const TPoint* const p1 = &state.points[state.segmentTo];
+  const bool isPiece = side(p0, p1, a) != kOnLine || side(p0, p1, p) != kOnLine;
   const auto isMet = [&](const TVertex* q) {
-    return tri_Near_Line(state, dx, dy, invLen2, q, a) && IsBetweenEnds(dx, dy, invLen2, q, a);
+    return (tri_Near_Line(state, dx, dy, invLen2, q, a) ||
+            (isPiece && side(p0, p1, q) == kOnLine)) &&
+           tri_Is_Between(dx, dy, invLen2, q, a);
   };
+
   Corridor corridor(a, p, e);
   for (TVertex* const q : {corridor.Left(), corridor.Right()}) {
     if (isMet(q)) {
@@ -320,27 +202,21 @@ TCrossing tri_Check_Crossings(TrimakeState& state, double dx, double dy, double 
       return kVertex;
     }
   }
-  for (;;) {
-    if (corridor.Crossed()->info != nullptr) {
-      return CrossBreakline(state, corridor.Crossed(), a, out);
-    }
+  while (corridor.Crossed()->info == nullptr) {
     TVertex* const ahead = corridor.Ahead();
-    switch (corridor.Advance()) {
-      case Step::kArrived:
-        return kFree;
-      case Step::kLost:
-        return kNoCorridor;
-      case Step::kOnSegment:
-        *out = ahead;
-        return kVertex;
-      case Step::kLeft:
-      case Step::kRight:
-        if (isMet(ahead)) {
-          *out = ahead;
-          return kVertex;
-        }
+    const Step step = corridor.Advance();
+    if (step == Step::kArrived) {
+      return kFree;
+    }
+    if (step == Step::kLost) {
+      return kNoCorridor;
+    }
+    if (step == Step::kOnSegment || isMet(ahead)) {
+      *out = ahead;
+      return kVertex;
     }
   }
+  return tri_Cross_Breakline(state, corridor.Crossed(), a, p, out);
 }
 
 }  // namespace zyl::geometry::internal

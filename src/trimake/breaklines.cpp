@@ -1,7 +1,5 @@
 #include "trimake/breaklines.h"
 
-#include <algorithm>
-#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -13,6 +11,10 @@ namespace {
 constexpr double kSameCoordinate = 2.220446049250313e-16;
 
 constexpr int kGrowth = 10;
+
+// Setbacks of one segment, and changes of aim within one step, before it is given up.
+constexpr int kMostSetbacks = 32;
+constexpr int kMostRounds = 32;
 
 // Working list of a pass, in the state while the pass lasts.
 class WorkingList {
@@ -42,47 +44,51 @@ bool AreSamePlace(const TVertex* a, const TVertex* b) {
          std::fabs(a->xy[1] - b->xy[1]) <= kSameCoordinate;
 }
 
-// A segment crosses an older one in one point. Where they are nearly parallel, rounded crossing
-// points may make it cross back, but not for ever.
-int MostCrossings(int olderSegments) {
-  constexpr int kMostOlder = 100000000;
-  return 2 * std::min(olderSegments, kMostOlder) + 2;
-}
-
-// Inserts one segment of the input. Its path comes to no vertex twice, so that every vertex there
-// is or may be made is a step at most; the budget is for a tolerance, or for rounded crossings,
-// that lead it in a circle.
-int InsertWhole(TrimakeState& state, TVertex* v, TVertex* target, int olderSegments) {
-  state.crossingsLeft = MostCrossings(olderSegments);
-  state.stepsLeft = state.vertexCount + std::min(state.crossingsLeft, INT_MAX - state.vertexCount);
+// Inserts one segment of the input. Each call brings it to a vertex further on its way. Tolerances,
+// and breaklines bent on their way, may lead it back, but not more than a few times.
+int InsertWhole(TrimakeState& state, TVertex* v, TVertex* target) {
+  const double dx = target->xy[0] - v->xy[0];
+  const double dy = target->xy[1] - v->xy[1];
+  long long budget = 4LL * state.vertexCount;  // the vertices, and the breaklines between them
+  int setbacks = 0;
   int result = 0;
   while (v != nullptr) {
+    const TVertex* const before = v;
     if (tri_Insert_Segment(state, v, target, &v) < 0) {
       ReportError(state);
       result = -1;
     }
-    if (state.stepsLeft <= 0 || state.crossingsLeft <= 0) {
-      break;
+    if (v != nullptr) {
+      const double advance = dx * (v->xy[0] - before->xy[0]) + dy * (v->xy[1] - before->xy[1]);
+      setbacks += advance > 0 ? 0 : 1;
+      if (setbacks > kMostSetbacks || --budget < 0) {
+        ReportError(state);
+        return result;
+      }
     }
   }
   return result;
 }
 
 // Marks the edges that run from *a straight towards p, and moves *a along them. Returns 0 if that
-// leads to p, 1 if the way from *a is between *out and its next, -1 if there is none.
+// leads to p, 1 if the way from *a is between *out and its next, -1 if there is none. Ends because
+// each step goes on along the same line, and not past p.
 int FollowEdges(TrimakeState& state, TVertex** a, TVertex* p, TEdge** out) {
-  while (state.stepsLeft-- > 0) {
+  while (*a != p) {
     const int found = tri_Find_Direction(*a, p, out);
     if (found != 0) {
       return found;
     }
-    tri_Mark_Edge(state, *out);
-    *a = (*out)->dest;
-    if (*a == p) {
-      return 0;
+    TVertex* const to = (*out)->dest;
+    const double dx = to->xy[0] - (*a)->xy[0];
+    const double dy = to->xy[1] - (*a)->xy[1];
+    if (to != p && !(dx * (p->xy[0] - to->xy[0]) + dy * (p->xy[1] - to->xy[1]) > 0)) {
+      return -1;
     }
+    tri_Mark_Edge(state, *out);
+    *a = to;
   }
-  return -1;
+  return 0;
 }
 
 // Clears the corridor from a to p, which crosses no breakline and meets no vertex, puts the marked
@@ -131,7 +137,7 @@ int tri_Insert_Segment(TrimakeState& state, TVertex* from, TVertex* target, TVer
   *next = nullptr;
   TVertex* a = from;
   TVertex* p = target;
-  while (state.stepsLeft > 0) {
+  for (int rounds = 0; rounds < kMostRounds; ++rounds) {
     TEdge* e = nullptr;
     const int found = FollowEdges(state, &a, p, &e);
     if (found <= 0) {
@@ -151,6 +157,8 @@ int tri_Insert_Segment(TrimakeState& state, TVertex* from, TVertex* target, TVer
       case kNewVertex:
         p = *next;
         break;
+      case kThinned:
+        break;
       case kNewNeighbour:
         return 0;
       case kNoCorridor:
@@ -164,9 +172,9 @@ int tri_Insert_Breaklines(TrimakeState& state, int n, const int* inverseMap, con
                           TVertex* vertices) {
   const WorkingList chain(state.chain, sizeof(TChainEntry));
   const WorkingList flips(state.flips, sizeof(TEdge*));
+  const WorkingList unsettled(state.unsettled, sizeof(TVertex*));
   state.crossingWarned = false;
   int result = 0;
-  int segments = 0;
   for (int i = 1; i < n; ++i) {
     TVertex* const v = &vertices[inverseMap[indexMap[i]]];
     TVertex* const target = &vertices[inverseMap[indexMap[i - 1]]];
@@ -175,9 +183,12 @@ int tri_Insert_Breaklines(TrimakeState& state, int n, const int* inverseMap, con
     }
     state.segmentFrom = i - 1;
     state.segmentTo = i;
-    if (InsertWhole(state, v, target, segments++) < 0) {
+    if (InsertWhole(state, v, target) < 0) {
       result = -1;
     }
+  }
+  for (int i = 0; i < state.unsettled->count; ++i) {
+    tri_Legalise_Around(state, static_cast<TVertex**>(state.unsettled->data)[i]);
   }
   state.crossingWarned = false;
   return result;

@@ -8,6 +8,7 @@
 // leaves a sound one. Should a test overflow, the segment fails; a step looks at the whole corridor
 // before it removes the first edge.
 
+#include "trimake/quadrilateral.h"
 #include "trimake/records.h"
 
 namespace zyl::geometry::internal {
@@ -24,6 +25,7 @@ enum TCrossing {
   kVertex = 1,        ///< a vertex on it
   kNewVertex = 2,     ///< a breakline, which now has a vertex there
   kNewNeighbour = 3,  ///< the same, and the new vertex is joined to the segment's start
+  kThinned = 4,       ///< a breakline, beside which a thin triangle is gone now: look again
   kNoCorridor = -1,   ///< no triangles that lead to its end
 };
 
@@ -52,12 +54,24 @@ int tri_Find_Direction(TVertex* a, TVertex* p, TEdge** out);
 bool tri_Near_Line(const TrimakeState& state, double dx, double dy, double invLen2,
                    const TVertex* q, const TVertex* a);
 
+/// Whether the foot of q on a segment, given like a line to tri_Near_Line, is between its ends.
+bool tri_Is_Between(double dx, double dy, double invLen2, const TVertex* q, const TVertex* a);
+
 /// Follows the segment from a, where it passes between e and e->next, towards p, up to the first
 /// vertex on it or the first breakline across it. Writes *out if the result is positive. A new
 /// vertex is joined to its surroundings, the edge to `a` marked, and the circles around it empty.
 /// (dx, dy) is p − a, and invLen2 one over its squared length. O(crossed edges).
 TCrossing tri_Check_Crossings(TrimakeState& state, double dx, double dy, double invLen2, TVertex* a,
                               TEdge* e, TVertex* p, TVertex** out);
+
+/// Gives the breakline of the half-edge c, which the segment from a to p crosses from its right to
+/// its left, a vertex where they cross. If that, rounded, would turn a triangle over, the
+/// breaklines are moved instead, by no more than the distance within which points are one vertex:
+/// this one to an end of c (kVertex), or the new vertex to where it sees its surroundings. A
+/// triangle beside c that is thinner than that distance goes first (kThinned). Failing
+/// all, a triangle is turned over.
+TCrossing tri_Cross_Breakline(TrimakeState& state, TEdge* c, const TVertex* a, const TVertex* p,
+                              TVertex** out);
 
 /// Walks along the boundary of a corridor from a to p, beginning with e->next, and appends what it
 /// passes to the chain list, both ends included. With `remove`, deletes the edges on its way that
@@ -71,6 +85,10 @@ int tri_Collect_Chain(TrimakeState& state, bool remove, TVertex* a, TEdge* e, co
 /// chain's ends closes. The ends' edges are then those after which that segment has to go.
 /// Returns 0; or -1 if the ends coincide or no half-edge is free.
 int tri_Fill_Chain(TrimakeState& state, int k, TChainEntry* chain);
+
+/// Replaces an edge by the other diagonal of its quadrilateral, which has to be whole and convex.
+/// The new edge takes the two records of the old one: a pointer to either stays one to an edge.
+void tri_Flip(TrimakeState& state, const TQuadrilateral& q);
 
 /// Puts an edge on the list of those whose circles are to be checked.
 void tri_Queue_Edge(TrimakeState& state, TEdge* edge);

@@ -160,10 +160,9 @@ struct TrimakeState {
   // Breakline pass.
   int segmentFrom;  ///< input indices of the segment being inserted
   int segmentTo;
-  int stepsLeft;          ///< vertices that its path may still come to
-  int crossingsLeft;      ///< vertices that may still be made where it crosses older breaklines
   TArray* chain;          ///< crossed-chain list
   TArray* flips;          ///< edges whose circles are to be checked
+  TArray* unsettled;      ///< vertices around which circles are left for the end of the pass
   const int* indexMap;    ///< input index -> input index of its distinct point
   const int* inverseMap;  ///< input index of a distinct point -> vertex number
 

@@ -227,6 +227,7 @@ class Checker {
       ASSERT_EQ(path != paths.end(), isWanted) << "segment to point " << i;
       if (isWanted) {
         CheckPath(i, path->second, from, to);
+        CheckCourse(i, path->second, Vertex(from), Vertex(to));
         paths.erase(path);
       }
     }
@@ -251,6 +252,32 @@ class Checker {
       ++visited;
     }
     EXPECT_EQ(visited, path.size()) << "segment to point " << i << " is not one path";
+  }
+
+  // The path keeps to its segment, but for the distance within which points are one vertex and the
+  // rounding of a squared distance from a line. If it is not bent to a point beside it, it misses
+  // no point that is exactly on it.
+  void CheckCourse(std::size_t i, const std::map<int, std::vector<int>>& path, const TPoint& a,
+                   const TPoint& b) {
+    const double dx = b.x - a.x, dy = b.y - a.y;
+    const double length = std::hypot(dx, dy);
+    bool isBent = false;
+    for (const auto& [vertex, others] : path) {
+      const TPoint& q = Vertex(vertex);
+      const double distance = std::abs(dx * (q.y - a.y) - dy * (q.x - a.x)) / length;
+      EXPECT_LE(distance, 1e-8 * (1 + length)) << "segment to point " << i << ", at " << vertex;
+      isBent = isBent || (vertex <= sortedCount_ && TurnSign(a, b, q) != 0);
+    }
+    if (isBent || path.size() == 2) {
+      return;  // an edge alone: a vertex on it would spoil the triangles beside it
+    }
+    for (int v = 1; v <= sortedCount_; ++v) {
+      const TPoint& q = Vertex(v);
+      const bool isBetween = q.x != a.x ? (a.x < q.x) == (q.x < b.x) : (a.y < q.y) == (q.y < b.y);
+      if (isBetween && TurnSign(a, b, q) == 0) {
+        EXPECT_TRUE(path.count(v)) << "segment to point " << i << " misses vertex " << v;
+      }
+    }
   }
 
   const std::vector<TPoint>& input_;
