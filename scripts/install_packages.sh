@@ -10,8 +10,9 @@ packages_of() {
     build) echo g++ cmake make libtbb-dev ;;
     test) echo "$(packages_of build)" libgtest-dev libgmp-dev pkg-config ;;
     check) echo clang clang-format clang-tidy libclang-rt-dev g++-mingw-w64-i686-posix ;;
+    docs) echo doxygen graphviz ;;
     bench) echo "$(packages_of build)" libbenchmark-dev libcgal-dev libeigen3-dev libgeos-dev ;;
-    *) fail "no such group of packages: $1 (there are build, test, check and bench)" ;;
+    *) fail "no such group of packages: $1 (there are build, test, check, docs and bench)" ;;
   esac
 }
 
@@ -37,7 +38,7 @@ elevation() {
   fi
 }
 
-[ $# -gt 0 ] || fail "name a group of packages: build, test, check or bench"
+[ $# -gt 0 ] || fail "name a group of packages: build, test, check, docs or bench"
 wanted=()
 for group in "$@"; do
   packages=$(packages_of "$group")

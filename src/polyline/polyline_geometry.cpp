@@ -12,8 +12,8 @@
 namespace zyl::geometry {
 namespace {
 
-// Slopes and heights closer than this count as equal: 1e-7 in single precision, in which callers
-// once stored their coordinates. Compared with differences of x-y slopes and of z.
+// Slopes and heights closer than this count as equal: the single-precision value of 1e-7. Compared
+// with differences of x-y slopes and of z.
 constexpr double kSameSlope = 1.0000000116860974e-7;
 
 // Normals shorter than the root of this are left as they are.

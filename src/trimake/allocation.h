@@ -14,9 +14,14 @@ struct FreeMemory {
   void operator()(void* memory) const { std::free(memory); }
 };
 
-/// Owner of an array of plain records that free() releases.
+/// Owner of an array of plain records that free() releases. Indices are signed, as the engine's
+/// counts are.
 template <class T>
-using MallocArray = std::unique_ptr<T[], FreeMemory>;
+class MallocArray : public std::unique_ptr<T[], FreeMemory> {
+ public:
+  using std::unique_ptr<T[], FreeMemory>::unique_ptr;
+  T& operator[](std::ptrdiff_t i) const { return this->get()[i]; }
+};
 
 /// `count` records, uninitialised; at least one, so that null is always a failure. Throws
 /// OutOfMemory with `message`.

@@ -53,22 +53,22 @@ class Slabs {
 // slabs. Even points leave a handful to each; should all fall into one, this is a plain sort.
 MallocArray<TSortedPoint> tri_Sort_Points(int n, const TPoint* points, const char* message) {
   const Slabs slabs(n, points);
-  const std::size_t count = static_cast<std::size_t>(slabs.Count());
+  const int count = slabs.Count();
   MallocArray<TSortedPoint> sorted = NewArray<TSortedPoint>(static_cast<std::size_t>(n), message);
-  const MallocArray<int> next = NewZeroedArray<int>(count, message);
+  const MallocArray<int> next = NewZeroedArray<int>(static_cast<std::size_t>(count), message);
 
   for (int i = 0; i < n; ++i) {
     ++next[slabs.Of(points[i].x)];
   }
   int begin = 0;
-  for (std::size_t s = 0; s < count; ++s) {
+  for (int s = 0; s < count; ++s) {
     begin += std::exchange(next[s], begin);
   }
   for (int i = 0; i < n; ++i) {
     sorted[next[slabs.Of(points[i].x)]++] = {points[i].x, points[i].y, i};
   }
   begin = 0;
-  for (std::size_t s = 0; s < count; ++s) {
+  for (int s = 0; s < count; ++s) {
     std::sort(sorted.get() + begin, sorted.get() + next[s], ComesBefore);
     begin = next[s];
   }

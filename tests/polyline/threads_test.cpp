@@ -73,7 +73,7 @@ TEST(Threads, AskOnePolyline) {
 TEST(Threads, AskManyPolylines) {
   std::mt19937_64 random(4);
   std::vector<Polyline3D> polylines;
-  for (const std::size_t n : {3, 5, 11, 40, 200, 800}) {
+  for (const std::size_t n : {3u, 5u, 11u, 40u, 200u, 800u}) {
     polylines.push_back(OnTheGround(rings::Concave(n, random)));
     polylines.push_back(OnTheGround(rings::Spiral(n, random)));
     polylines.push_back(OnTheGround(rings::Star(std::min<std::size_t>(n, 50), random)));

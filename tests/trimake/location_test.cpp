@@ -186,7 +186,7 @@ TEST_P(RingsInPlanes, AgreeWithTheEvenOddRule) {
       {"sliver", rings::Sliver, 20000, 1e-3}, {"star", rings::Star, 100, 1}};
   std::mt19937_64 random(42);
   for (const Shape& shape : shapes) {
-    for (const std::size_t n : {3, 4, 5, 7, 10, 30, 100, 1000, 20000}) {
+    for (const std::size_t n : {3u, 4u, 5u, 7u, 10u, 30u, 100u, 1000u, 20000u}) {
       if (n > shape.largest) {
         continue;
       }
