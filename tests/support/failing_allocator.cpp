@@ -1,5 +1,7 @@
 #include "support/failing_allocator.h"
 
+#include <malloc.h>
+
 #include <atomic>
 #include <cstddef>
 #include <cstdlib>
@@ -22,6 +24,9 @@ std::atomic<long> untilFailure{0};  // 0: no failure is planned
 std::atomic<bool> laterFailToo{false};
 std::atomic<bool> failed{false};
 std::atomic<long> liveBlocks{0};
+std::atomic<long> liveBytes{0};
+std::atomic<long> bytesBefore{0};
+std::atomic<long> peakBytes{0};
 
 bool FailsNow() {
   if (failed) {
@@ -34,9 +39,20 @@ bool FailsNow() {
   return true;
 }
 
+long SizeOf(void* block) { return static_cast<long>(malloc_usable_size(block)); }
+
+// A peak that another thread reaches at the same moment may be missed.
+void AddBytes(long bytes) {
+  liveBytes += bytes;
+  if (liveBytes > peakBytes) {
+    peakBytes = liveBytes.load();
+  }
+}
+
 void* Counted(void* block) {
   if (block != nullptr) {
     ++liveBlocks;
+    AddBytes(SizeOf(block));
   }
   return block;
 }
@@ -63,13 +79,21 @@ void* __wrap_realloc(void* block, std::size_t size) {
   if (FailsNow()) {
     return nullptr;
   }
+  if (block == nullptr) {
+    return Counted(__real_malloc(size));
+  }
+  const long before = SizeOf(block);
   void* const moved = __real_realloc(block, size);
-  return block == nullptr ? Counted(moved) : moved;
+  if (moved != nullptr) {
+    AddBytes(SizeOf(moved) - before);
+  }
+  return moved;
 }
 
 void __wrap_free(void* block) {
   if (block != nullptr) {
     --liveBlocks;
+    liveBytes -= SizeOf(block);
   }
   __real_free(block);
 }
@@ -98,5 +122,12 @@ FailAllocation::~FailAllocation() {
 bool FailAllocation::HasFailed() const { return failed; }
 
 long LiveBlocks() { return liveBlocks; }
+
+void ResetPeak() {
+  bytesBefore = liveBytes.load();
+  peakBytes = liveBytes.load();
+}
+
+long PeakBytes() { return peakBytes - bytesBefore; }
 
 }  // namespace faults

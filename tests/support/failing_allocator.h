@@ -1,8 +1,8 @@
 #pragma once
 
-// Makes chosen allocations of this program fail. A program that links failing_allocator.cpp has
-// operator new replaced, and needs the linker's --wrap for malloc, calloc, realloc and free
-// (zyl_fail_allocations in tests/CMakeLists.txt adds both).
+// Makes chosen allocations of this program fail, and counts all of them. A program that links
+// failing_allocator.cpp has operator new replaced, and needs the linker's --wrap for malloc,
+// calloc, realloc and free (zyl_fail_allocations in tests/CMakeLists.txt adds both).
 
 namespace faults {
 
@@ -21,5 +21,11 @@ class FailAllocation {
 
 /// Blocks allocated and not yet released by this program.
 long LiveBlocks();
+
+/// Starts a new count of PeakBytes from what is allocated now.
+void ResetPeak();
+
+/// Most bytes allocated at once since ResetPeak, beyond those allocated then.
+long PeakBytes();
 
 }  // namespace faults

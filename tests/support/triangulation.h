@@ -26,11 +26,14 @@ struct Triangulation {
 
 inline Segments ListOf(const zyl::geometry::internal::TEdgeInfo& info) {
   Segments list;
-  for (const auto* index = info.list; index != nullptr; index = index->next) {
-    list.emplace_back(index->from, index->to);
+  const std::size_t count = static_cast<std::size_t>(info.count);
+  for (const auto* i = info.list; i != nullptr && list.size() <= count; i = i->next) {
+    list.emplace_back(i->from, i->to);
   }
   // A count that disagrees with its list shows as a segment that nobody asked for.
-  list.resize(static_cast<std::size_t>(info.count), {-1, -1});
+  if (list.size() != count) {
+    list.emplace_back(-1, -1);
+  }
   return list;
 }
 

@@ -172,13 +172,23 @@ TEST(Delaunay, SmallInputsOnAGridPassTheVerifier) {
   }
 }
 
-// (0.1, 0.1), (0.3, 0.3) and their like lie on one line, whose double determinant at 1e4 is not 0.
+// (u, v), a tiny multiple and three times it: exactly on one line, while the differences are not
+// exact, so that the double determinant is not 0 in most of the rounds.
 TEST(Delaunay, ThreeCollinearPointsMakeNoTriangleOfRoundingNoise) {
-  const Points points = Loose({{10000.1, 10000.1}, {10000.3, 10000.3}, {10000.7, 10000.7}});
-  const Triangulation mesh = Triangulate(points);
-  EXPECT_EQ(mesh.result, 0);
-  EXPECT_TRUE(mesh.triangles.empty());
-  EXPECT_EQ(mesh.vertices.size(), 3u);
+  constexpr unsigned kSeed = 3;
+  std::mt19937_64 random(kSeed);
+  int noisy = 0;
+  for (int round = 0; round < 1000; ++round) {
+    const double u = std::ldexp(static_cast<double>(random() >> 14), -36);  // 50 bits, below 2^14
+    const double v = std::ldexp(static_cast<double>(random() >> 14), -36);
+    const double ax = std::ldexp(u, -5), ay = std::ldexp(v, -5);
+    noisy += (3 * v - ay) * (u - ax) != (3 * u - ax) * (v - ay);
+    const Triangulation mesh = Triangulate(Loose({{ax, ay}, {3 * u, 3 * v}, {u, v}}));
+    ASSERT_EQ(mesh.result, 0) << "seed " << kSeed << ", round " << round;
+    ASSERT_EQ(mesh.vertices.size(), 3u);
+    ASSERT_TRUE(mesh.triangles.empty()) << "seed " << kSeed << ", round " << round;
+  }
+  EXPECT_GT(noisy, 300);
 }
 
 TEST(Delaunay, CollinearPointsGiveTheirVerticesAndNoTriangle) {
@@ -189,6 +199,34 @@ TEST(Delaunay, CollinearPointsGiveTheirVerticesAndNoTriangle) {
     EXPECT_EQ(mesh.vertices.size(), 100u);
     EXPECT_TRUE(mesh.triangles.empty());
   }
+}
+
+// A square whose lower side is drawn three times: by its ring, and by two lines along it.
+TEST(Delaunay, AnEdgeListsItsSegmentsNewestFirst) {
+  Points points = Loose({{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0}, {2, 0}, {2, 0}, {0, 0}});
+  for (const std::size_t i : {1u, 2u, 3u, 4u, 5u, 7u}) {
+    points[i].flag = 0;
+  }
+  const Triangulation mesh = Triangulate(points);
+  mesh::Check(points, mesh);
+  ASSERT_EQ(mesh.triangles, (Corners{{1, 4, 3}, {1, 2, 4}}));
+  EXPECT_EQ(mesh.segments[0][2], (mesh::Segments{{6, 7}, {4, 5}, {0, 1}}));
+  EXPECT_EQ(mesh.segments[1][0], (mesh::Segments{{3, 4}}));
+  EXPECT_EQ(mesh.segments[0][0], mesh::Segments{});
+}
+
+TEST(Delaunay, TheSidesOfARingAreEdgesAndAllOthersDelaunay) {
+  constexpr unsigned kSeed = 19;
+  std::mt19937 random(kSeed);
+  Points points = Generate(3000, [&](int i) {
+    const double radius = 500 + static_cast<double>(random() % 500);
+    return At(radius * std::cos(i * 6.283 / 3000), radius * std::sin(i * 6.283 / 3000));
+  });
+  points.push_back(points[0]);
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    points[i].flag = 0;
+  }
+  mesh::Check(points, Triangulate(points));
 }
 
 TEST(Delaunay, TooFewPointsGiveNothing) {

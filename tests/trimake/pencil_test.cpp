@@ -42,7 +42,7 @@ TEST(Pencil, AnswersLikeExactArithmetic) {
   exactinit();
   Hard hard;
   int ties = 0;
-  for (int round = 0; round < 400000; ++round) {
+  for (int round = 0; round < 100000; ++round) {
     const int kind = round % 4;
     const TVertex L = hard.Next(kind), R = hard.Next(kind), c = hard.Next(kind),
                   d = hard.Next(kind);
@@ -58,7 +58,7 @@ TEST(Pencil, AnswersLikeExactArithmetic) {
     ASSERT_EQ(pencil.Holds(pencil.At(&c), pencil.At(&d)), inside > 0) << "round " << round;
     ties += inside == 0;
   }
-  EXPECT_GT(ties, 20000);
+  EXPECT_GT(ties, 5000);
 }
 
 TEST(Pencil, TheEndsOfTheBaseNeitherFaceItNorLieInACircle) {
