@@ -142,16 +142,17 @@ TEST(Walk, ArrivesOnPinwheelsFromEveryTriangle) {
   }
 }
 
-// Arms that cross each other: here the walk does come round in a circle, whatever the order.
+// Neighbours as no sound triangulation has them: whoever leaves a triangle comes back to it.
 TEST(Walk, IsGivenUpWhereItComesRoundAndThePointIsFoundAllTheSame) {
-  const Ring2 tangle = {{1, 4},   {-10, -17}, {1, -12}, {-3, 3},  {10, -17}, {11, -5},
-                        {-4, -1}, {20, 0},    {10, 7},  {-1, -4}, {10, 17},  {-1, 12},
-                        {3, -3},  {-10, 17},  {-11, 5}, {4, 1},   {-20, 0},  {-10, -7}};
-  const Polygon polygon = Triangulated(tangle);
-  const Ring2 local = ToLocal(*polygon, tangle, kGround);
+  const Ring2 notched = {{-9, -9}, {9, -9}, {9, 9}, {2, -3}, {-9, 9}};
+  const Polygon polygon = Triangulated(notched);
+  const Ring2 local = ToLocal(*polygon, notched, kGround);
+  for (int i = 0; i < 3 * polygon->triangleCount; ++i) {
+    polygon->neighbours[i] = i / 3 + 1;
+  }
   int givenUp = 0;
-  for (int x = -20; x < 20; ++x) {
-    for (int y = -20; y < 20; ++y) {
+  for (int x = -10; x < 10; ++x) {
+    for (int y = -10; y < 10; ++y) {
       const Point2 p = {x + 0.49, y + 0.27};  // on no edge
       const Point2 q = ToLocal(polygon->toLocal, kGround.At(p));
       const int expected = static_cast<int>(EvenOdd(local, q)) - 1;
