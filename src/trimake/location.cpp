@@ -71,17 +71,22 @@ Offset Difference(const double* to, const double* from) {
 
 double Dot(const Offset& a, const Offset& b) { return a.x * b.x + a.y * b.y; }
 
-// Within the tolerance of the edge from a to b, or on it exactly: the rounded distance of a point
-// on the edge need not come out as 0. An edge of no length has nothing near it.
+bool IsOnEdge(const double* a, const double* b, const double* query) {
+  return IsInRange(query[0], {a[0], b[0]}) && IsInRange(query[1], {a[1], b[1]}) &&
+         orient2d(a, b, query) == 0;
+}
+
+// Exactly on the edge from a to b, or within a tolerance of it. That distance is a difference of
+// rounded squares, which also comes out as 0 or less some way beside the edge: where there is no
+// tolerance it is not asked. An edge of no length has nothing near it.
 bool IsNearEdge(const double* a, const double* b, const double* query, double tolerance2) {
+  if (IsOnEdge(a, b, query)) {
+    return true;
+  }
   const Offset e = Difference(b, a);
   const Offset w = Difference(query, a);
   const double u = Dot(w, e) / Dot(e, e);
-  if (0 <= u && u <= 1 && tolerance2 >= Dot(w, w) - u * Dot(w, e)) {
-    return true;
-  }
-  return IsInRange(query[0], {a[0], b[0]}) && IsInRange(query[1], {a[1], b[1]}) &&
-         orient2d(a, b, query) == 0;
+  return tolerance2 > 0 && 0 <= u && u <= 1 && tolerance2 >= Dot(w, w) - u * Dot(w, e);
 }
 
 bool IsNearBoundary(const tri_Polygon& polygon, int triangle, const double* query,

@@ -31,10 +31,9 @@ TWalk tri_Walk(const tri_Polygon& polygon, const double* query, int start);
 /// kInside, kOnBoundary or kOutside for a point in space, projected into the polygon's plane along
 /// `direction`, or at right angles if that is null, zero or lies in the plane.
 ///
-/// On the boundary is what lies within `tolerance` of a boundary edge, or of any vertex, of the
-/// triangle that holds the point, or exactly on such an edge. The distance from an edge is rounded:
-/// a point may count as on it from as far away as some 1e-8 of its own distance from the edge's
-/// start. A point with a coordinate that is NaN or infinite is outside.
+/// On the boundary is what lies exactly on a boundary edge or a vertex of the triangle that holds
+/// the point, or within `tolerance`, if that is not 0, of one. A point with a coordinate that is
+/// NaN or infinite is outside.
 ///
 /// Where the marks of the triangles contradict each other, crossings of the boundary are counted
 /// instead, exactly. Remembers the triangle for the next call, and so must not run on several

@@ -147,6 +147,21 @@ TEST(IsPointInside, DecidesOnACircleOfManyVertices) {
   }
 }
 
+// Along an edge of 500 m in project coordinates, from a nanometre to a millimetre beside it.
+TEST(IsPointInside, KnowsAnEdgeFromWhatIsBesideIt) {
+  const double x = 450560;
+  const double y = 6500000;
+  const Polyline3D field =
+      Closed({{x, y, 300}, {x, y + 500, 300}, {x - 400, y + 500, 300}, {x - 400, y, 300}});
+  for (int i = 1; i < 500; ++i) {
+    ASSERT_TRUE(field.IsPointInside(x, y + i, 300));
+    for (const double beside : {1e-9, 1e-8, 1e-7, 1e-6, 1e-3}) {
+      ASSERT_TRUE(field.IsPointInside(x - beside, y + i, 300)) << beside;
+      ASSERT_FALSE(field.IsPointInside(x + beside, y + i, 300)) << beside;
+    }
+  }
+}
+
 bool HasArea(const Ring2& ring) {
   for (std::size_t i = 2; i < ring.size(); ++i) {
     for (std::size_t j = 1; j < i; ++j) {
