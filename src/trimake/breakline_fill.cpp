@@ -59,8 +59,8 @@ class Base {
     return {u2 - t * t / v2_, kHeightError * u2};
   }
 
-  /// Whether no point of the box may be below `height`. False for NaN.
-  bool IsBelow(const Box& box, const Height& height) const {
+  /// Whether all of the box is certainly higher than `height`. False for NaN.
+  bool IsExceededBy(const Box& box, const Height& height) const {
     const double cx = (box.minX + box.maxX) / 2 - a_->xy[0];
     const double cy = (box.minY + box.maxY) / 2 - a_->xy[1];
     const double rx = (box.maxX - box.minX) / 2;
@@ -123,6 +123,7 @@ Box BoxAround(const TChainEntry* entries) {
   return box;
 }
 
+// Triangulates one side of a cavity.
 class Filler {
  public:
   Filler(TrimakeState& state, int k, const TChainEntry* chain);
@@ -161,7 +162,7 @@ void Filler::ForEachLow(int start, int end, const Base& base, const Height& lowe
   int i = start + 1;
   while (i < end) {
     const bool isBlock = boxes_ != nullptr && i % kBlock == 0 && i + kBlock <= end;
-    if (isBlock && base.IsBelow(boxes_.get()[i / kBlock], lowest)) {
+    if (isBlock && base.IsExceededBy(boxes_.get()[i / kBlock], lowest)) {
       i += kBlock;
     } else {
       visit(i);
@@ -268,9 +269,6 @@ int Filler::Fill(int start, int end, TEdge* atStart) {
 }  // namespace
 
 int tri_Fill_Chain(TrimakeState& state, int k, TChainEntry* chain) {
-  for (int i = 1; i < k; ++i) {
-    tri_Queue_Edge(state, chain[i].edge);
-  }
   TChainEntry& last = chain[k - 1];
   const TEdge* const beyond = last.edge->next;
   if (Filler(state, k, chain).Fill(0, k - 1, chain[0].edge) < 0) {

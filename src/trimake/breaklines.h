@@ -4,9 +4,9 @@
 // A segment is routed through the vertices that lie on it, and through a new vertex where it
 // crosses an older breakline. All else that it crosses is removed; the two cavities beside it are
 // filled again, and flips restore the empty circles of the free edges (constrained Delaunay
-// triangulation). On a sound triangulation, all of whose triangles are counterclockwise, every step
-// leaves a sound one. Should a test overflow, the segment fails; a step looks at the whole corridor
-// before it removes the first edge.
+// triangulation). A sound triangulation, all of whose triangles are counterclockwise, stays sound,
+// but for crossings worse than tri_Cross_Breakline can mend. On others, and should a predicate
+// overflow, segments may fail, but a step looks at its whole corridor before it removes an edge.
 
 #include "trimake/quadrilateral.h"
 #include "trimake/records.h"
@@ -64,12 +64,12 @@ bool tri_Is_Between(double dx, double dy, double invLen2, const TVertex* q, cons
 TCrossing tri_Check_Crossings(TrimakeState& state, double dx, double dy, double invLen2, TVertex* a,
                               TEdge* e, TVertex* p, TVertex** out);
 
-/// Gives the breakline of the half-edge c, which the segment from a to p crosses from its right to
-/// its left, a vertex where they cross. If that, rounded, would turn a triangle over, the
-/// breaklines are moved instead, by no more than the distance within which points are one vertex:
-/// this one to an end of c (kVertex), or the new vertex to where it sees its surroundings. A
-/// triangle beside c that is thinner than that distance goes first (kThinned). Failing
-/// all, a triangle is turned over.
+/// Gives the breakline along c, a half-edge from the left of the segment from a to p to its right,
+/// a vertex where the segment crosses it. If that, rounded, would turn a triangle over, it is
+/// avoided by changes no larger than the distance within which points are one vertex: the segment
+/// is led to an end of c (kVertex), or the new vertex moved to where it sees its surroundings, or a
+/// triangle beside c taken out whose corner is that close to its opposite side (kThinned). Failing
+/// all, the triangle is turned over.
 TCrossing tri_Cross_Breakline(TrimakeState& state, TEdge* c, const TVertex* a, const TVertex* p,
                               TVertex** out);
 
@@ -82,8 +82,10 @@ int tri_Collect_Chain(TrimakeState& state, bool remove, TVertex* a, TEdge* e, co
                       TVertex** end, int* count, TChainEntry** list);
 
 /// Triangulates the polygon of k vertices, to the right of the chain, that the segment between the
-/// chain's ends closes. The ends' edges are then those after which that segment has to go.
-/// Returns 0; or -1 if the ends coincide or no half-edge is free.
+/// chain's ends closes. The ends' edges are then those after which that segment has to go. The new
+/// edges are queued for their circles to be checked; those of the chain keep theirs empty, as the
+/// segment only takes vertices out of sight. Returns 0; or -1 if the ends coincide or no half-edge
+/// is free.
 int tri_Fill_Chain(TrimakeState& state, int k, TChainEntry* chain);
 
 /// Replaces an edge by the other diagonal of its quadrilateral, which has to be whole and convex.

@@ -180,6 +180,11 @@ TEST(Breaklines, LongSegmentsLeaveEmptyCircles) {
     points.push_back({Unit(random), Unit(random), 0, i % 300 == 0 ? kJoined : kLoose});
   }
   mesh::Check(points, Triangulate(points));
+  Points band = {{0, 0, 0, kLoose}, {1000, 0, 0, kJoined}};
+  for (int i = 1; i < 4000; ++i) {
+    band.push_back({0.25 * i, (i % 2 ? 0.1 : -0.1) + Unit(random) * (i % 2 ? 1 : -1), 0, kLoose});
+  }
+  mesh::Check(band, Triangulate(band));
 }
 
 Points Lens(int count) {
@@ -302,16 +307,22 @@ class DamagedRings : public testing::Test {
     edges_.resize(1000);
     state_.unusedEdges = edges_.data();
     state_.unusedEnd = edges_.data() + edges_.size();
+    state_.chain = &chain_;
+    state_.flips = &flips_;
   }
 
   ~DamagedRings() override {
     tri_Free_TIndex_Hunks(state_);
     tri_Free_TInfo_Hunks(state_);
     tri_Free_Vertex_Hunks(state_);
+    std::free(chain_.data);
+    std::free(flips_.data);
   }
 
   void Place(std::initializer_list<TPoint> points) {
     points_ = points;
+    vertices_.clear();
+    identity_.clear();
     for (int i = 0; i < static_cast<int>(points_.size()); ++i) {
       const TPoint& p = points_[static_cast<std::size_t>(i)];
       vertices_.push_back({{p.x, p.y}, &p, nullptr, i, i});
@@ -328,12 +339,16 @@ class DamagedRings : public testing::Test {
     return tri_Make_Edge(state_, &va, &vb, last(va), last(vb), false, false).edge;
   }
 
+  void LegaliseAround(std::size_t v) { tri_Legalise_Around(state_, &vertices_[v]); }
+
   int Insert() {
     return tri_Insert_Breaklines(state_, static_cast<int>(points_.size()), identity_.data(),
                                  identity_.data(), vertices_.data());
   }
 
   TrimakeState state_{};
+  TArray chain_{0, 0, sizeof(TChainEntry), 10, nullptr};
+  TArray flips_{0, 0, sizeof(TEdge*), 10, nullptr};
   std::vector<TEdge> edges_;
   Points points_;
   std::vector<TVertex> vertices_;
@@ -372,6 +387,7 @@ TEST_F(DamagedRings, RandomOnesFailWithoutHangingOrLosingEdges) {
          {3, 3, 0, 0}});
   for (int round = 0; round < 3000; ++round) {
     state_.unusedEdges = edges_.data();
+    state_.unusedEnd = edges_.data() + 52;  // hardly more than are used below
     state_.freeEdges = nullptr;
     for (TVertex& v : vertices_) {
       v.first = nullptr;
@@ -395,6 +411,19 @@ TEST_F(DamagedRings, RandomOnesFailWithoutHangingOrLosingEdges) {
   }
 }
 
+// Beyond the triangle 0, 1, 2 is one that is turned over, whose corner is in the circle but not
+// across the edge.
+TEST_F(DamagedRings, AFlipThatWouldTurnATriangleIsRefused) {
+  Place({{0, 0, 0, 1}, {4, 0, 0, 1}, {2, 3, 0, 1}, {4, 1.5, 0, 1}});
+  Join(0, 3);
+  const TEdge* const edge = Join(0, 1);
+  Join(0, 2);
+  Join(1, 3);
+  Join(1, 2);
+  LegaliseAround(2);
+  EXPECT_EQ(edge->dest, &vertices_[1]);
+}
+
 // The in-circle value of a square of this size is inf − inf, which is no reason to flip.
 TEST_F(DamagedRings, AnInCircleValueThatIsNoNumberFlipsNothing) {
   Place({{0, 0, 0, 1}, {1e160, 0, 0, 1}, {1e160, 1e160, 0, 1}, {0, 1e160, 0, 1}});
@@ -403,18 +432,29 @@ TEST_F(DamagedRings, AnInCircleValueThatIsNoNumberFlipsNothing) {
   Join(0, 3);
   Join(1, 2);
   Join(2, 3);
-  TArray* const list = state_.flips = TArray::Create(sizeof(TEdge*), 10);
-  tri_Legalise_Around(state_, &vertices_[1]);
+  LegaliseAround(1);
   EXPECT_EQ(diagonal->dest, &vertices_[2]);
-  std::free(list->data);
-  std::free(list);
+}
+
+// The chain over the base 0-3 has its two inner vertices at one height.
+TEST_F(DamagedRings, OfEqualHeightsTheFirstIsJoinedToBothEnds) {
+  for (const bool isExtended : {false, true}) {
+    state_.extendedFallback = isExtended;
+    Place({{0, 0, 0, 1}, {1, 2, 0, 1}, {3, 2, 0, 1}, {4, 0, 0, 1}});
+    const TEdge* const sides[] = {Join(0, 1), Join(1, 2), Join(2, 3)};
+    TChainEntry chain[] = {{&vertices_[0], sides[0]->twin->twin},
+                           {&vertices_[1], sides[0]->twin},
+                           {&vertices_[2], sides[1]->twin},
+                           {&vertices_[3], sides[2]->twin}};
+    EXPECT_EQ(tri_Fill_Chain(state_, 4, chain), 0);
+    EXPECT_EQ(chain[3].edge->dest, &vertices_[1]);
+  }
 }
 
 // A below, P above, L-R across between them: the walk from A to P has L on its left and cuts L-R.
 TEST_F(DamagedRings, CuttingABreaklineIsReportedOnce) {
   enum { A, L, R, P };
   Place({{0, -4, 0, 1}, {-3, 0, 1.5, 1}, {3, 0, 2, 1}, {0, 4, 0, 1}});
-  TArray* const chain = state_.chain = TArray::Create(sizeof(TChainEntry), 10);
   TEdge* cut = Join(L, R);
   TEdge* const e = Join(A, R);
   Join(L, P);
@@ -422,7 +462,7 @@ TEST_F(DamagedRings, CuttingABreaklineIsReportedOnce) {
   Join(A, L);
   const auto collect = [&] {
     tri_Mark_Edge(state_, cut);
-    chain->Drop(chain->count);
+    state_.chain->Drop(state_.chain->count);
     TVertex* end = nullptr;
     int count = 0;
     TChainEntry* list = nullptr;
@@ -441,8 +481,6 @@ TEST_F(DamagedRings, CuttingABreaklineIsReportedOnce) {
             "**trimake, Warning crossing breaklines\n"
             "           Check point (-3.000000,0.000000,1.500000)\n"
             "           &           (3.000000,0.000000,2.000000)\n");
-  std::free(chain->data);
-  std::free(chain);
 }
 
 }  // namespace
