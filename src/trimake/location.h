@@ -35,10 +35,10 @@ TWalk tri_Walk(const tri_Polygon& polygon, const double* query, int start);
 /// the point, or within `tolerance`, if that is not 0, of one. A point with a coordinate that is
 /// NaN or infinite is outside.
 ///
-/// Where the marks of the triangles contradict each other, crossings of the boundary are counted
-/// instead, exactly. Remembers the triangle for the next call, and so must not run on several
-/// threads for one polygon. Allocates nothing. O(triangles between the last point and this one)
-/// and, if the walk gives up, O(triangles); O(boundary) where crossings are counted.
+/// Where triangles are turned over or their marks contradict each other, crossings of the boundary
+/// are counted instead, exactly. Remembers the triangle for the next call, and so must not run on
+/// several threads for one polygon. Allocates nothing. O(triangles between the last point and this
+/// one) and, if the walk gives up, O(triangles); O(boundary) where crossings are counted.
 int tri_Locate_Point(tri_Polygon* polygon, const double* point, const double* direction,
                      double tolerance);
 

@@ -10,6 +10,7 @@
 #include <new>
 
 #include "trimake/delaunay.h"
+#include "trimake/orientation.h"
 #include "trimake/scan.h"
 
 namespace zyl::geometry::internal {
@@ -123,21 +124,39 @@ void MarkInside(tri_Polygon& polygon) {
 
 bool IsInside(const tri_Polygon& polygon, int triangle) { return polygon.inside[triangle] == 1; }
 
-// Whether crossing an edge changes the mark exactly if the edge is boundary, far away being
-// outside. It is not so if a segment of the boundary is missing: boundaries that cross at small
-// angles, and run along each other besides, may leave triangles turned over that the next segment
-// does not get past.
-bool AreMarksSound(const tri_Polygon& polygon) {
+bool IsClockwise(const tri_Polygon& polygon, int triangle) {
+  const int* const corner = polygon.triangles + 3 * triangle;
+  const TPoint* const vertices = polygon.vertices;
+  return cw(&vertices[corner[0] - 1], &vertices[corner[1] - 1], &vertices[corner[2] - 1]);
+}
+
+// Whether the mark changes across an edge exactly if that is boundary, far away being outside.
+bool IsMarkedRight(const tri_Polygon& polygon, int triangle, int k) {
+  const int edge = 3 * triangle + k;
+  const int across = polygon.neighbours[edge] - 1;
+  const bool changes = IsInside(polygon, triangle) != (across >= 0 && IsInside(polygon, across));
+  return changes == IsBoundary(polygon.edgeInfo[edge]);
+}
+
+// Whether a point in a triangle may go by the mark of that. Triangles that all turn the same way
+// and fill the hull without a hole (Euler's formula counts none) cover each point once, and their
+// marks agree unless a segment of the boundary is missing. Boundaries that cross at small angles,
+// and run along each other besides, may leave triangles turned over, and these a segment that does
+// not get past.
+bool IsSound(const tri_Polygon& polygon) {
+  int hullEdges = 0;
   for (int t = 0; t < polygon.triangleCount; ++t) {
+    if (!IsClockwise(polygon, t)) {
+      return false;
+    }
     for (int k = 0; k < 3; ++k) {
-      const int across = polygon.neighbours[3 * t + k] - 1;
-      const bool changes = IsInside(polygon, t) != (across >= 0 && IsInside(polygon, across));
-      if (changes != IsBoundary(polygon.edgeInfo[3 * t + k])) {
+      if (!IsMarkedRight(polygon, t, k)) {
         return false;
       }
+      hullEdges += polygon.neighbours[3 * t + k] <= 0 ? 1 : 0;
     }
   }
-  return true;
+  return polygon.triangleCount == 2 * polygon.vertexCount - 2 - hullEdges;
 }
 
 void KeepBoundary(TArray& array, tri_Polygon& polygon) {
@@ -159,7 +178,7 @@ Polygon Build(int count, const TPoint* points, const double* normal) {
     return nullptr;
   }
   MarkInside(*polygon);
-  if (!AreMarksSound(*polygon)) {
+  if (!IsSound(*polygon)) {
     KeepBoundary(*boundary, *polygon);
   }
   return polygon;

@@ -20,7 +20,7 @@ struct tri_Polygon {
   TMatrix toLocal;
   int lastTriangle;   ///< where the next location starts
   int boundaryCount;  ///< points in `boundary`
-  TPoint* boundary;   ///< closed chains, local, where the marks contradict each other; else null
+  TPoint* boundary;   ///< closed chains, local, where the triangles cannot be relied on; else null
 };
 
 /// Triangulates the polygon that the points outline.

@@ -111,6 +111,22 @@ inline Ring2 Pinwheel(std::size_t arms, double twist) {
   return ring;
 }
 
+// Anywhere in a square, and then back over most of the way: pieces run along each other that others
+// cross in between, at points that are rounded.
+inline Ring2 Retraced(std::size_t n, std::mt19937_64& random) {
+  Ring2 ring;
+  for (std::size_t i = 0; i < (n + 2) / 2; ++i) {
+    const double x = Uniform(random, -1, 1);
+    ring.push_back({x, Uniform(random, -1, 1)});
+  }
+  for (std::size_t i = ring.size() - 1; i-- > 1;) {
+    if (random() % 3 != 0) {
+      ring.push_back(ring[i]);
+    }
+  }
+  return ring;
+}
+
 // Closed walk between the points of a small grid: crosses, touches and repeats itself at will.
 inline Ring2 GridWalk(std::size_t n, int side, std::mt19937_64& random) {
   Ring2 ring;

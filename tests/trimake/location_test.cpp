@@ -172,10 +172,27 @@ struct Shape {
   double height;
 };
 
+// Asks for points of the plane around vertices of the ring, some of them vertices themselves.
+void CheckAgainstEvenOdd(const Ring2& ring, const rings::Plane& plane, int questions, double height,
+                         std::mt19937_64& random) {
+  const Polygon polygon = Triangulated(ring, plane);
+  ASSERT_NE(polygon, nullptr);
+  const Ring2 local = ToLocal(*polygon, ring, plane);
+  for (int i = 0; i < questions; ++i) {
+    const double reach[] = {0, 1, 0.02};
+    Point2 p = ring[random() % ring.size()];
+    p[0] += rings::Uniform(random, -1, 1) * reach[i % 3];
+    p[1] += rings::Uniform(random, -1, 1) * reach[i % 3] * height;
+    const std::array<double, 3> at = plane.At(p);
+    const Point2 q = ToLocal(polygon->toLocal, at);
+    ASSERT_EQ(Locate(polygon, at[0], at[1], at[2]), static_cast<int>(EvenOdd(local, q)) - 1)
+        << p[0] << ", " << p[1];
+  }
+}
+
 class RingsInPlanes : public testing::TestWithParam<rings::Plane> {};
 
 TEST_P(RingsInPlanes, AgreeWithTheEvenOddRule) {
-  const rings::Plane& plane = GetParam();
   const Shape shapes[] = {
       {"convex", rings::Convex, 20000, 1},    {"concave", rings::Concave, 20000, 1},
       {"spiral", rings::Spiral, 20000, 1},    {"comb", rings::Comb, 20000, 1},
@@ -183,27 +200,20 @@ TEST_P(RingsInPlanes, AgreeWithTheEvenOddRule) {
   std::mt19937_64 random(42);
   for (const Shape& shape : shapes) {
     for (const std::size_t n : {3u, 4u, 5u, 7u, 10u, 30u, 100u, 1000u, 20000u}) {
-      if (n > shape.largest) {
-        continue;
-      }
-      const Ring2 ring = shape.make(n, random);
-      const Polygon polygon = Triangulated(ring, plane);
-      ASSERT_NE(polygon, nullptr) << shape.name << " of " << n;
-      const Ring2 local = ToLocal(*polygon, ring, plane);
-      for (int i = 0; i < 60; ++i) {
-        const std::size_t k = random() % n;
-        Point2 p = ring[k];
-        if (i % 3 != 0) {
-          const double reach = i % 3 == 1 ? 1 : 0.02;
-          p[0] += rings::Uniform(random, -reach, reach);
-          p[1] += rings::Uniform(random, -reach, reach) * shape.height;
-        }
-        const std::array<double, 3> at = plane.At(p);
-        const Point2 q = ToLocal(polygon->toLocal, at);
-        ASSERT_EQ(Locate(polygon, at[0], at[1], at[2]), static_cast<int>(EvenOdd(local, q)) - 1)
-            << shape.name << " of " << n << " at " << p[0] << ", " << p[1];
+      if (n <= shape.largest) {
+        SCOPED_TRACE(testing::Message() << shape.name << " of " << n);
+        CheckAgainstEvenOdd(shape.make(n, random), GetParam(), n > 1000 ? 12 : 60, shape.height,
+                            random);
       }
     }
+  }
+}
+
+TEST_P(RingsInPlanes, ThatRunBackOverThemselvesAgreeWithTheEvenOddRule) {
+  std::mt19937_64 random(43);
+  for (int round = 0; round < 200; ++round) {
+    SCOPED_TRACE(round);
+    CheckAgainstEvenOdd(rings::Retraced(6 + random() % 20, random), GetParam(), 60, 1, random);
   }
 }
 
