@@ -1,6 +1,7 @@
 // Where a segment crosses an older breakline: the new vertex, and what is done if none can be put
 // there because the triangles beside the breakline are thinner than the coordinates are precise.
 
+#include <cassert>
 #include <cmath>
 #include <initializer_list>
 
@@ -61,6 +62,7 @@ TCrossing Split(TrimakeState& state, const TQuadrilateral& q, TVertex* w, const 
       {q.beyond, q.edge->next->twin, nullptr},
   };
   tri_Delete_Edge(state, q.left, q.edge);
+  assert(w->first == nullptr);  // the first edge needs no place in the ring
   TEdge* last = nullptr;
   TCrossing result = kNewVertex;
   for (const auto& corner : corners) {

@@ -150,7 +150,7 @@ Filler::Filler(TrimakeState& state, int k, const TChainEntry* chain)
   const int count = k / kBlock;
   boxes_ = NewArray<Box>(static_cast<std::size_t>(count), "tri_Create_Delaunay: out of memory");
   for (int i = 0; i < count; ++i) {
-    boxes_.get()[i] = BoxAround(chain + kBlock * i);
+    boxes_.get()[i] = BoxAround(chain + std::ptrdiff_t{kBlock} * i);
   }
 }
 

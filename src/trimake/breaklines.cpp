@@ -35,7 +35,7 @@ class WorkingList {
 
 void ReportError(const TrimakeState& state) {
   if (!state.quiet) {
-    std::fputs("**trimake, Error inserting breakline\n", stdout);
+    static_cast<void>(std::fputs("**trimake, Error inserting breakline\n", stdout));
   }
 }
 
@@ -171,8 +171,8 @@ int tri_Insert_Segment(TrimakeState& state, TVertex* from, TVertex* target, TVer
 int tri_Insert_Breaklines(TrimakeState& state, int n, const int* inverseMap, const int* indexMap,
                           TVertex* vertices) {
   const WorkingList chain(state.chain, sizeof(TChainEntry));
-  const WorkingList flips(state.flips, sizeof(TEdge*));
-  const WorkingList unsettled(state.unsettled, sizeof(TVertex*));
+  const WorkingList flips(state.flips, sizeof(void*));
+  const WorkingList unsettled(state.unsettled, sizeof(void*));
   state.crossingWarned = false;
   int result = 0;
   for (int i = 1; i < n; ++i) {
