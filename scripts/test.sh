@@ -8,7 +8,7 @@ scripts/install_packages.sh test
 
 echo "== Configure and build in build/release"
 cmake --preset release
-cmake --build --preset release --parallel
+cmake --build --preset release --parallel "$(nproc)"
 
 echo "== Run the tests"
 ctest --preset release

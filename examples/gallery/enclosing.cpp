@@ -22,10 +22,12 @@ std::vector<Point3D> TwoHeaps() {
   Scatter scatter(1);
   std::vector<Point3D> points;
   for (int i = 0; i < 45; ++i) {
-    points.emplace_back(scatter.Around(-40, 25), scatter.Around(15, 22), 0);
+    const double y = scatter.Around(15, 22);
+    points.emplace_back(scatter.Around(-40, 25), y, 0);
   }
   for (int i = 0; i < 25; ++i) {
-    points.emplace_back(scatter.Around(45, 18), scatter.Around(-25, 18), 0);
+    const double y = scatter.Around(-25, 18);
+    points.emplace_back(scatter.Around(45, 18), y, 0);
   }
   return points;
 }

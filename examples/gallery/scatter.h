@@ -17,7 +17,10 @@ class Scatter {
 
   /// Heaped up around `centre` within ±3·spread, with about the standard deviation `spread`.
   double Around(double centre, double spread) {
-    const double sum = Between(-1, 1) + Between(-1, 1) + Between(-1, 1);
+    double sum = 0;
+    for (int i = 0; i < 3; ++i) {
+      sum += Between(-1, 1);
+    }
     return centre + sum * spread;
   }
 
