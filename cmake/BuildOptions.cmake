@@ -6,6 +6,10 @@ target_compile_features(zylGeometryBuildOptions INTERFACE cxx_std_17)
 # A fused multiply-add or a wider register would change the rounding that the exact predicates
 # account for operation by operation.
 target_compile_options(zylGeometryBuildOptions INTERFACE -ffp-contract=off)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|AMD64|i.86")
+  # GCC 12 at -O3 forms vfmaddsub all the same where -march lets it.
+  target_compile_options(zylGeometryBuildOptions INTERFACE -mno-fma -mno-avx512f)
+endif()
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86|AMD64")
   target_compile_options(zylGeometryBuildOptions INTERFACE -msse2 -mfpmath=sse)
 endif()

@@ -106,7 +106,8 @@ Digest Matrices() {
     digest.Add(n.Det());
     digest.AddAll(n.Inverse(), 9);
     digest.AddPoint(n * RealCoord(numbers));
-    const Coord2D planar = n * Coord2D(numbers.Real(), numbers.Real());
+    const double x = numbers.Real();
+    const Coord2D planar = n * Coord2D(x, numbers.Real());
     digest.Add(planar.x);
     digest.Add(planar.y);
   }
