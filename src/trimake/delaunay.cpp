@@ -270,7 +270,6 @@ int tri_Triangulate(int n, const TPoint* points, int* outTriangleCount, int* out
   const Outputs out{outTriangleCount, outVertexCount, outVertices,
                     outTriangles,     outEdgeInfo,    outNeighbours};
   TrimakeState& state = tri_State();
-  state.inEntry = true;
   state.outVertexCount = outVertexCount;
   state.outVertices = outVertices;
   state.outTriangles = outTriangles;
@@ -287,7 +286,6 @@ int tri_Triangulate(int n, const TPoint* points, int* outTriangleCount, int* out
   state.outVertices = nullptr;
   state.outTriangles = nullptr;
   state.outEdgeInfo = nullptr;
-  state.inEntry = false;
   return result;
 }
 

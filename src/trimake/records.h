@@ -133,7 +133,6 @@ constexpr int kInfosPerHunk = 500;
 /// What a build keeps; one instance per thread, all zero until the thread's first build.
 struct TrimakeState {
   bool quiet;             ///< print nothing to standard output; outlives the build
-  bool inEntry;           ///< tri_Triangulate is running
   bool extendedFallback;  ///< settle near ties of computed distances in XFloat
   bool crossingWarned;    ///< the crossing warning of this breakline pass has been printed
 
@@ -160,11 +159,9 @@ struct TrimakeState {
   // Breakline pass.
   int segmentFrom;  ///< input indices of the segment being inserted
   int segmentTo;
-  TArray* chain;          ///< crossed-chain list
-  TArray* flips;          ///< edges whose circles are to be checked
-  TArray* unsettled;      ///< vertices around which circles are left for the end of the pass
-  const int* indexMap;    ///< input index -> input index of its distinct point
-  const int* inverseMap;  ///< input index of a distinct point -> vertex number
+  TArray* chain;      ///< crossed-chain list
+  TArray* flips;      ///< edges whose circles are to be checked
+  TArray* unsettled;  ///< vertices around which circles are left for the end of the pass
 
   // Where tri_Triangulate wants the results; null if not wanted.
   int* outVertexCount;
