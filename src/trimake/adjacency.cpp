@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 
+#include "trimake/allocation.h"
 #include "trimake/parallel_sort.h"
 
 namespace zyl::geometry::internal {
@@ -20,10 +19,6 @@ struct EdgeKey {
   int low;
   int triangle;  // 0-based
   int edge;
-};
-
-struct Release {
-  void operator()(EdgeKey* keys) const { std::free(keys); }
 };
 
 // By descending high, then descending low. One comparison of 64 bits: most keys of a vertex differ
@@ -118,22 +113,18 @@ bool LinkRuns(const EdgeKey* first, const EdgeKey* end, const Neighbours& neighb
   return crowded;
 }
 
-std::unique_ptr<EdgeKey[], Release> AllocateKeys(int triangleCount) {
+// Keys of all edges and the one behind them; null if memory is short.
+MallocArray<EdgeKey> AllocateKeys(int triangleCount) {
   if (triangleCount < 1 || triangleCount > INT_MAX / 3) {
     return nullptr;
   }
-  const std::size_t count = 3 * static_cast<std::size_t>(triangleCount) + 1;
-  if (count > SIZE_MAX / sizeof(EdgeKey)) {
-    return nullptr;
-  }
-  return std::unique_ptr<EdgeKey[], Release>(
-      static_cast<EdgeKey*>(std::malloc(count * sizeof(EdgeKey))));
+  return TryNewArray<EdgeKey>(3 * static_cast<std::size_t>(triangleCount) + 1);
 }
 
 }  // namespace
 
 int tri_Build_Adjacency(int triangleCount, const int* triangles, int* neighbours) {
-  const std::unique_ptr<EdgeKey[], Release> keys = AllocateKeys(triangleCount);
+  const MallocArray<EdgeKey> keys = AllocateKeys(triangleCount);
   if (keys == nullptr) {
     return 0;
   }

@@ -23,16 +23,31 @@ class MallocArray : public std::unique_ptr<T[], FreeMemory> {
   T& operator[](std::ptrdiff_t i) const { return this->get()[i]; }
 };
 
-/// `count` records, uninitialised; at least one, so that null is always a failure. Throws
-/// OutOfMemory with `message`.
+/// Asks the system to back what a fresh block holds of whole huge pages by such pages: touched for
+/// the first time in pages of the usual size, hundreds of megabytes take longer than the work on
+/// them. Does nothing where the system knows no huge pages.
+void UseHugePages(void* memory, std::size_t size);
+
+/// `count` records, uninitialised; at least one, so that null is always a failure.
 template <class T>
-MallocArray<T> NewArray(std::size_t count, const char* message) {
+MallocArray<T> TryNewArray(std::size_t count) {
   constexpr std::size_t kMost = PTRDIFF_MAX / sizeof(T);
-  void* const memory = count <= kMost ? std::malloc((count + (count == 0)) * sizeof(T)) : nullptr;
-  if (memory == nullptr) {
-    throw OutOfMemory(message);
+  const std::size_t size = (count + (count == 0)) * sizeof(T);
+  void* const memory = count <= kMost ? std::malloc(size) : nullptr;
+  if (memory != nullptr) {
+    UseHugePages(memory, size);
   }
   return MallocArray<T>(static_cast<T*>(memory));
+}
+
+/// The same. Throws OutOfMemory with `message`.
+template <class T>
+MallocArray<T> NewArray(std::size_t count, const char* message) {
+  MallocArray<T> array = TryNewArray<T>(count);
+  if (array == nullptr) {
+    throw OutOfMemory(message);
+  }
+  return array;
 }
 
 /// The same, all bytes zero. Large arrays come as untouched zero pages from the system.

@@ -221,8 +221,7 @@ bool FindNeighbours(const Outputs& out) {
   if (count == 0) {
     return true;
   }
-  const std::size_t entries = 3 * static_cast<std::size_t>(count);
-  MallocArray<int> neighbours(static_cast<int*>(std::malloc(entries * sizeof(int))));
+  MallocArray<int> neighbours = TryNewArray<int>(3 * static_cast<std::size_t>(count));
   if (neighbours == nullptr || tri_Build_Adjacency(count, *out.triangles, neighbours.get()) == 0) {
     return false;
   }

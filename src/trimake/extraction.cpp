@@ -11,6 +11,12 @@ namespace {
 
 constexpr char kOutOfMemory[] = "tri_Create_Delaunay: out of memory";
 
+// A corner of a triangle at v: the half-edge from v to it, and its number.
+struct TCorner {
+  const TEdge* edge;
+  int number;
+};
+
 struct Triangles {
   MallocArray<int> corners;
   std::size_t count;
@@ -30,27 +36,47 @@ void ForEachVertex(const TrimakeState& state, const TResult& result, Visit visit
   }
 }
 
+// Numbers of vertices. Those of the initial block follow from their addresses: to look them up
+// would cost a cache miss at nearly every step around a ring.
+class Numbers {
+ public:
+  explicit Numbers(const TResult& result)
+      : begin_(AddressOf(result.verts)),
+        size_(static_cast<std::uintptr_t>(result.count) * sizeof(TVertex)) {}
+
+  int Of(const TVertex* v) const {
+    const std::uintptr_t offset = AddressOf(v) - begin_;
+    return offset < size_ ? static_cast<int>(offset / sizeof(TVertex)) : v->number;
+  }
+
+ private:
+  static std::uintptr_t AddressOf(const TVertex* v) { return reinterpret_cast<std::uintptr_t>(v); }
+
+  std::uintptr_t begin_;
+  std::uintptr_t size_;
+};
+
 // Triangles of which v is the lowest-numbered corner, as pairs of consecutive half-edges (e, f);
 // the corners v, f.dest, e.dest are clockwise. The pair from the last half-edge to the first is a
 // triangle too unless the gap between them is the exterior, which is where `first` marks it. A
 // vertex with a single edge, the end of a chain, has none.
 template <class Visit>
-void ForEachTriangleAt(const TVertex& v, Visit visit) {
+void ForEachTriangleAt(const TVertex& v, const Numbers& numbers, Visit visit) {
   if (v.first == nullptr || v.first->next == v.first) {
     return;
   }
   const TEdge* const last = v.first->prev;
-  const bool firstRises = v.first->dest->number > v.number;
-  bool rises = firstRises;
+  const int firstNumber = numbers.Of(v.first->dest);
+  int number = firstNumber;
   for (const TEdge* e = v.first; e != last; e = e->next) {
-    const bool nextRises = e->next->dest->number > v.number;
-    if (rises && nextRises) {
-      visit(e, e->next);
+    const int next = numbers.Of(e->next->dest);
+    if (number > v.number && next > v.number) {
+      visit(TCorner{e, number}, TCorner{e->next, next});
     }
-    rises = nextRises;
+    number = next;
   }
-  if (rises && firstRises && cw(&v, v.first->dest, last->dest)) {
-    visit(last, v.first);
+  if (number > v.number && firstNumber > v.number && cw(&v, v.first->dest, last->dest)) {
+    visit(TCorner{last, number}, TCorner{v.first, firstNumber});
   }
 }
 
@@ -63,32 +89,28 @@ constexpr int kFarthestAhead = 20;
 [[gnu::always_inline]] inline void FetchRingsAhead(const TVertex* v) {
   __builtin_prefetch(v[kFarthestAhead].first);
   if (const TEdge* const e = v[15].first) {
-    __builtin_prefetch(e->dest);
     __builtin_prefetch(e->next);
     __builtin_prefetch(e->prev);
   }
   if (const TEdge* const e = v[10].first) {
-    __builtin_prefetch(e->next->dest);
-    __builtin_prefetch(e->prev->dest);
     __builtin_prefetch(e->next->next);
     __builtin_prefetch(e->prev->prev);
   }
   if (const TEdge* const e = v[5].first) {
-    __builtin_prefetch(e->next->next->dest);
-    __builtin_prefetch(e->prev->prev->dest);
     __builtin_prefetch(e->next->next->next);
   }
 }
 
-// All triangles (e, f), in the order of their lowest-numbered corners v.
+// All triangles, in the order of their lowest-numbered corners v.
 template <class Visit>
 void ForEachTriangle(const TrimakeState& state, const TResult& result, Visit visit) {
+  const Numbers numbers(result);
   const int fetchUntil = result.count - kFarthestAhead;
   ForEachVertex(state, result, [&](const TVertex& v) {
     if (v.number < fetchUntil) {
       FetchRingsAhead(&v);
     }
-    ForEachTriangleAt(v, [&](const TEdge* e, const TEdge* f) { visit(v, e, f); });
+    ForEachTriangleAt(v, numbers, [&](const TCorner& e, const TCorner& f) { visit(v, e, f); });
   });
 }
 
@@ -113,13 +135,13 @@ Triangles CollectTriangles(const TrimakeState& state, const TResult& result) {
   Triangles list{NewArray<int>(3 * MostTriangles(state, result), kOutOfMemory), 0, 0};
   const bool hasBreaklines = state.firstInfoHunk != nullptr;
   int* corner = list.corners.get();
-  ForEachTriangle(state, result, [&](const TVertex& v, const TEdge* e, const TEdge* f) {
+  ForEachTriangle(state, result, [&](const TVertex& v, const TCorner& e, const TCorner& f) {
     corner[0] = v.number + 1;
-    corner[1] = f->dest->number + 1;
-    corner[2] = e->dest->number + 1;
+    corner[1] = f.number + 1;
+    corner[2] = e.number + 1;
     corner += 3;
     if (hasBreaklines) {
-      list.references += References(e) + References(f) + References(Opposite(e));
+      list.references += References(e.edge) + References(f.edge) + References(Opposite(e.edge));
     }
   });
   list.count = static_cast<std::size_t>(corner - list.corners.get()) / 3;
@@ -163,10 +185,10 @@ MallocArray<char> CollectEdgeInfo(const TrimakeState& state, const TResult& resu
   MallocArray<char> buffer = NewArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
   TEdgeInfo* pair = reinterpret_cast<TEdgeInfo*>(buffer.get());
   TIndex* copies = reinterpret_cast<TIndex*>(pair + 3 * list.count);
-  ForEachTriangle(state, result, [&](const TVertex&, const TEdge* e, const TEdge* f) {
-    CopyList(f, pair, copies);
-    CopyList(Opposite(e), pair, copies);
-    CopyList(e, pair, copies);
+  ForEachTriangle(state, result, [&](const TVertex&, const TCorner& e, const TCorner& f) {
+    CopyList(f.edge, pair, copies);
+    CopyList(Opposite(e.edge), pair, copies);
+    CopyList(e.edge, pair, copies);
   });
   return buffer;
 }
