@@ -79,8 +79,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::size_t most = isSmall ? kMostPoints : 400;
   std::vector<Point3D> points;
   while (input.Left() > 0 && points.size() < most) {
-    const double x = isSmall ? input.Byte() % 17 - 8 : input.Coordinate();
-    const double y = isSmall ? input.Byte() % 17 - 8 : input.Coordinate();
+    const double x = isSmall ? input.SmallInteger() : input.Coordinate();
+    const double y = isSmall ? input.SmallInteger() : input.Coordinate();
     points.emplace_back(x, y, 0.0);
   }
   const EncCircle circle = SmallestEnclosingCircle(points);

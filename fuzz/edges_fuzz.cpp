@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Coord3D p[4];
   bool isTame = true;
   for (Coord3D& point : p) {
-    point = Coord3D(input.Coordinate(), input.Coordinate(), input.Coordinate());
+    point = Coord3D{input.Coordinate(), input.Coordinate(), input.Coordinate()};
     isTame = isTame && std::fabs(point.x) < 1e100 && std::fabs(point.y) < 1e100 &&
              (point.x == 0 || std::fabs(point.x) > 1e-100) &&
              (point.y == 0 || std::fabs(point.y) > 1e-100);

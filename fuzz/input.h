@@ -37,6 +37,8 @@ class Input {
     return value;
   }
 
+  int SmallInteger() { return Byte() % 17 - 8; }
+
   /// A coordinate in one of the three kinds that a run of coordinates is drawn in: raw doubles,
   /// small integers (coincidences), and neighbours of one within a few ulps (near coincidences).
   double Coordinate() {
@@ -44,9 +46,11 @@ class Input {
       case 0:
         return RawDouble();
       case 1:
-        return Byte() % 17 - 8;
-      default:
-        return 1.0 + (Byte() % 9 - 4) * std::ldexp(1.0, -52) + Byte() % 2;
+        return SmallInteger();
+      default: {
+        const int ulps = Byte() % 9 - 4;
+        return 1.0 + ulps * std::ldexp(1.0, -52) + Byte() % 2;
+      }
     }
   }
 

@@ -15,9 +15,7 @@ using namespace zyl::geometry;
 constexpr unsigned int kMostPoints = 200;
 
 Point3D NextPoint(fuzz::Input& input) {
-  const double x = input.Coordinate();
-  const double y = input.Coordinate();
-  return {x, y, input.Coordinate()};
+  return {input.Coordinate(), input.Coordinate(), input.Coordinate()};
 }
 
 bool IsUsual(const Point3D& p) { return p == p; }

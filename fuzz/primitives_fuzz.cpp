@@ -17,10 +17,9 @@ using namespace zyl::geometry;
 
 constexpr double kRounding = 1e-6;  // angles lose half the digits near 0; coordinates are below 10
 
-Coord3D NextCoord(fuzz::Input& input) {
-  const double x = input.Coordinate();
-  const double y = input.Coordinate();
-  return {x, y, input.Coordinate()};
+Coord3D NextCoord(fuzz::Input& input, bool isExact) {
+  const auto next = [&] { return isExact ? input.SmallInteger() : input.Coordinate(); };
+  return {next(), next(), next()};
 }
 
 void CheckBoxes(const Extent& a, const Extent& b, const Coord3D& p, bool isExact) {
@@ -90,10 +89,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   input.DrawKind();
   Coord3D c[7];
   for (Coord3D& coord : c) {
-    coord = NextCoord(input);
-    for (int i = 0; isExact && i < 3; ++i) {
-      coord[i] = input.Byte() % 17 - 8;
-    }
+    coord = NextCoord(input, isExact);
   }
   Triangle a;
   a.p0 = Point3D(c[0]);

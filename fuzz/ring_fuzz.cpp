@@ -57,8 +57,7 @@ bool HasArea(const Ring2& ring) {
 
 void CheckLattice(fuzz::Input& input) {
   const auto next = [&input] {
-    const double x = (input.Byte() % 17 - 8) * kUnit;
-    return Point2{x, (input.Byte() % 17 - 8) * kUnit};
+    return Point2{input.SmallInteger() * kUnit, input.SmallInteger() * kUnit};
   };
   const Point2 query = next();
   Ring2 ring;
@@ -84,9 +83,7 @@ void CheckLattice(fuzz::Input& input) {
 
 void CheckAny(fuzz::Input& input) {
   const auto next = [&input] {
-    const double x = input.Coordinate();
-    const double y = input.Coordinate();
-    return Point3D(x, y, input.Coordinate());
+    return Point3D{input.Coordinate(), input.Coordinate(), input.Coordinate()};
   };
   const Point3D query = next();
   Polyline3D polyline;

@@ -18,9 +18,7 @@ using Voxel = std::tuple<int, int, int>;
 constexpr int kMostVoxels = 12;  // along one axis; memory stays bounded
 
 Coord3D NextCoord(fuzz::Input& input) {
-  const double x = input.Coordinate();
-  const double y = input.Coordinate();
-  return {x, y, input.Coordinate()};
+  return {input.Coordinate(), input.Coordinate(), input.Coordinate()};
 }
 
 // Calls visit(i, j, k) for every voxel of the range between two points.

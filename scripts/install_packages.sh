@@ -9,7 +9,7 @@ packages_of() {
   case $1 in
     build) echo g++ cmake make libtbb-dev ;;
     test) echo "$(packages_of build)" libgtest-dev libgmp-dev pkg-config ;;
-    check) echo clang clang-format clang-tidy libclang-rt-dev g++-mingw-w64-i686-posix ;;
+    check) echo clang clang-format clang-tidy libclang-rt-dev llvm g++-mingw-w64-i686-posix ;;
     docs) echo doxygen graphviz ;;
     bench) echo "$(packages_of build)" libbenchmark-dev libcgal-dev libeigen3-dev libgeos-dev ;;
     *) fail "no such group of packages: $1 (there are build, test, check, docs and bench)" ;;
