@@ -1,5 +1,15 @@
 # Compiler flags that every target of the project shares.
 
+# The exact predicates rest on IEEE arithmetic in the order written.
+string(TOUPPER "${CMAKE_BUILD_TYPE}" zylBuildType)
+get_directory_property(zylHostOptions COMPILE_OPTIONS)
+string(JOIN " " zylFlags ${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${zylBuildType}} ${zylHostOptions})
+if(zylFlags MATCHES
+   "-Ofast|-ffast-math|-f(unsafe|associative|reciprocal)-math[a-z-]*|-ffinite-math-only")
+  message(FATAL_ERROR "${CMAKE_MATCH_0} would make exact signs wrong. Take it out of CXXFLAGS, "
+    "CMAKE_CXX_FLAGS or add_compile_options, and configure in a new folder.")
+endif()
+
 add_library(zylGeometryBuildOptions INTERFACE)
 target_compile_features(zylGeometryBuildOptions INTERFACE cxx_std_17)
 

@@ -2,6 +2,18 @@
 
 include(CMakePackageConfigHelpers)
 
+install(CODE [[
+  set(zylPrefix "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}")
+  execute_process(COMMAND ${CMAKE_COMMAND} -E make_directory "${zylPrefix}" ERROR_QUIET)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E touch "${zylPrefix}/.may_write"
+                  RESULT_VARIABLE refused ERROR_QUIET)
+  if(refused)
+    message(FATAL_ERROR "No right to write to ${zylPrefix}. Install with sudo, or elsewhere: "
+      "cmake --install <build> --prefix <folder>.")
+  endif()
+  file(REMOVE "${zylPrefix}/.may_write")
+]] ALL_COMPONENTS)
+
 set(zylCMakeDir ${CMAKE_INSTALL_LIBDIR}/cmake/zylGeometry)
 
 install(TARGETS zylGeometryExport EXPORT zylGeometryTargets
@@ -21,12 +33,13 @@ install(FILES
 
 # A static archive leaves its own needs to the program that links it.
 set(pcCflags "")
+set(pcRequiresPrivate "")
 set(pcLibsPrivate "")
 if(NOT BUILD_SHARED_LIBS)
   set(pcCflags " -DZYL_GEOMETRY_STATIC")
   set(pcLibsPrivate " -lstdc++ -lm")
   if(ZYL_GEOMETRY_USE_TBB)
-    string(APPEND pcLibsPrivate " -ltbb")
+    set(pcRequiresPrivate " tbb")
   endif()
 endif()
 # Relative to the file itself, so that an installed tree can be moved.

@@ -8,11 +8,12 @@ set -eu
 packages_of() {
   case $1 in
     build) echo g++ cmake make libtbb-dev ;;
-    test) echo "$(packages_of build)" libgtest-dev libgmp-dev pkg-config ;;
+    test) echo "$(packages_of build)" libgtest-dev libgmp-dev pkg-config dpkg-dev file ;;
     check) echo clang clang-format clang-tidy libclang-rt-dev llvm g++-mingw-w64-i686-posix ;;
+    package) echo dpkg-dev file pkg-config debootstrap ;;
     docs) echo doxygen graphviz ;;
     bench) echo "$(packages_of build)" libbenchmark-dev libcgal-dev libeigen3-dev libgeos-dev ;;
-    *) fail "no such group of packages: $1 (there are build, test, check, docs and bench)" ;;
+    *) fail "no such group of packages: $1 (there are build, test, check, package, docs and bench)" ;;
   esac
 }
 
@@ -38,7 +39,7 @@ elevation() {
   fi
 }
 
-[ $# -gt 0 ] || fail "name a group of packages: build, test, check, docs or bench"
+[ $# -gt 0 ] || fail "name a group of packages: build, test, check, package, docs or bench"
 wanted=()
 for group in "$@"; do
   packages=$(packages_of "$group")
