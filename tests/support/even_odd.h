@@ -50,16 +50,25 @@ inline Place EvenOdd(const Ring2& ring, const Point2& q) {
 /// Whether q is nearer to an edge than about `ratio` times the length of that edge.
 inline bool IsNearEdge(const Ring2& ring, const Point2& q, double ratio) {
   for (std::size_t i = 0; i < ring.size(); ++i) {
-    const Point2& a = ring[i];
-    const Point2& b = ring[(i + 1) % ring.size()];
-    const Point2 e = {b[0] - a[0], b[1] - a[1]};
-    const Point2 w = {q[0] - a[0], q[1] - a[1]};
+    const Point2 &a = ring[i], &b = ring[(i + 1) % ring.size()];
+    const Point2 e = {b[0] - a[0], b[1] - a[1]}, w = {q[0] - a[0], q[1] - a[1]};
     const double squared = e[0] * e[0] + e[1] * e[1];
-    const double along = e[0] * w[0] + e[1] * w[1];
-    const double across = e[0] * w[1] - e[1] * w[0];
+    const double along = e[0] * w[0] + e[1] * w[1], across = e[0] * w[1] - e[1] * w[0];
     if (squared > 0 && std::fabs(across) <= ratio * squared && along >= -ratio * squared &&
         along <= (1 + ratio) * squared) {
       return true;
+    }
+  }
+  return false;
+}
+
+/// Whether not all points of the ring are on one line.
+inline bool HasArea(const Ring2& ring) {
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      if (Orient2D(ring[0].data(), ring[j].data(), ring[i].data()) != 0) {
+        return true;
+      }
     }
   }
   return false;
@@ -72,6 +81,21 @@ inline bool CrossProperly(const Point2& a, const Point2& b, const Point2& c, con
   const int aSide = Orient2D(c.data(), d.data(), a.data());
   const int bSide = Orient2D(c.data(), d.data(), b.data());
   return cSide * dSide < 0 && aSide * bSide < 0;
+}
+
+/// Whether q is on an edge that another one crosses. Where boundaries cross, a polygon has a corner
+/// that is rounded, and both edges run through it: the oracle does not know of that.
+inline bool IsOnCrossedEdge(const Ring2& ring, const Point2& q) {
+  const std::size_t n = ring.size();
+  for (std::size_t i = 0; i < n; ++i) {
+    const Point2 &a = ring[i], &b = ring[(i + 1) % n];
+    for (std::size_t j = 0; IsOnSegment(a, b, q) && j < n; ++j) {
+      if (CrossProperly(a, b, ring[j], ring[(j + 1) % n])) {
+        return true;
+      }
+    }
+  }
+  return false;
 }
 
 }  // namespace exact

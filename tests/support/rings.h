@@ -24,6 +24,15 @@ inline double Uniform(std::mt19937_64& random, double from, double to) {
   return std::uniform_real_distribution<double>(from, to)(random);
 }
 
+// The points x, y, x, y, ...
+inline Ring2 Of(const std::vector<double>& coordinates) {
+  Ring2 ring;
+  for (std::size_t i = 0; i < coordinates.size(); i += 2) {
+    ring.push_back({coordinates[i], coordinates[i + 1]});
+  }
+  return ring;
+}
+
 inline Point2 Polar(double radius, double angle) {
   return {radius * std::cos(angle), radius * std::sin(angle)};
 }

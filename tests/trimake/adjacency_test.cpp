@@ -7,9 +7,7 @@
 #include <atomic>
 #include <cmath>
 #include <cstddef>
-#include <functional>
 #include <map>
-#include <numeric>
 #include <random>
 #include <utility>
 #include <vector>
@@ -24,37 +22,36 @@ using zyl::geometry::internal::tri_Parallel_Sort;
 using Triangles = std::vector<std::array<int, 3>>;
 using Edge = std::pair<int, int>;
 
-Edge EdgeOf(const std::array<int, 3>& t, std::size_t k) {
-  return std::minmax({t[k], t[(k + 1) % 3]});
+// Edge k of triangle t is the one at 3t + k.
+std::vector<Edge> EdgesOf(const Triangles& triangles) {
+  std::vector<Edge> edges;
+  for (const std::array<int, 3>& t : triangles) {
+    for (std::size_t k = 0; k < 3; ++k) {
+      edges.push_back(std::minmax({t[k], t[(k + 1) % 3]}));
+    }
+  }
+  return edges;
 }
 
 // The triangle on the other side by looking all triangles of an edge up in a map.
 std::vector<int> NeighboursByMap(const Triangles& triangles) {
+  const std::vector<Edge> edges = EdgesOf(triangles);
   std::map<Edge, std::vector<int>> users;
-  for (std::size_t t = 0; t < triangles.size(); ++t) {
-    for (std::size_t k = 0; k < 3; ++k) {
-      users[EdgeOf(triangles[t], k)].push_back(static_cast<int>(t) + 1);
-    }
+  for (std::size_t i = 0; i < edges.size(); ++i) {
+    users[edges[i]].push_back(static_cast<int>(i / 3) + 1);
   }
   std::vector<int> neighbours;
-  for (std::size_t t = 0; t < triangles.size(); ++t) {
-    for (std::size_t k = 0; k < 3; ++k) {
-      const std::vector<int>& both = users[EdgeOf(triangles[t], k)];
-      const bool paired = both.size() == 2;
-      neighbours.push_back(paired ? both[0] + both[1] - static_cast<int>(t) - 1 : 0);
-    }
+  for (std::size_t i = 0; i < edges.size(); ++i) {
+    const std::vector<int>& both = users[edges[i]];
+    neighbours.push_back(both.size() == 2 ? both[0] + both[1] - static_cast<int>(i / 3) - 1 : 0);
   }
   return neighbours;
 }
 
-std::vector<int> Neighbours(const Triangles& triangles, int* result = nullptr) {
-  std::vector<int> neighbours(3 * triangles.size(), 99);
-  const int r = tri_Build_Adjacency(static_cast<int>(triangles.size()), triangles.data()->data(),
-                                    neighbours.data());
-  if (result != nullptr) {
-    *result = r;
-  }
-  return neighbours;
+int Build(const Triangles& triangles, std::vector<int>& neighbours) {
+  neighbours.assign(3 * triangles.size(), 99);
+  return tri_Build_Adjacency(static_cast<int>(triangles.size()), triangles.data()->data(),
+                             neighbours.data());
 }
 
 // Triangles (hub, i, i + 1) around one vertex, whose number is above or below all others.
@@ -76,27 +73,23 @@ Triangles Book(int count) {
   return book;
 }
 
-TEST(Adjacency, TrianglesNameEachOtherAcrossTheirEdge) {
-  int result = 0;
-  EXPECT_EQ(Neighbours({{4, 9, 2}}, &result), (std::vector<int>{0, 0, 0}));
-  EXPECT_EQ(result, 9);
-  EXPECT_EQ(Neighbours({{1, 3, 2}, {3, 4, 2}}, &result), (std::vector<int>{0, 2, 0, 0, 0, 1}));
-  EXPECT_EQ(result, 4);
-}
-
-TEST(Adjacency, AnEdgeOfThreeTrianglesLeadsNowhere) {
-  int result = 0;
-  EXPECT_EQ(Neighbours({{1, 2, 3}, {2, 1, 4}, {1, 2, 5}, {5, 3, 2}}, &result),
-            (std::vector<int>{0, 4, 0, 0, 0, 0, 0, 4, 0, 0, 1, 3}));
-  EXPECT_EQ(result, -5);
-}
-
-TEST(Adjacency, VertexNumbersMayBeFarBeyondTheTriangleCount) {
-  int result = 0;
+// The result is the highest vertex number, or, with an edge of three triangles, minus it.
+TEST(Adjacency, TrianglesNameEachOtherAcrossTheEdgesOfTwo) {
   constexpr int kMax = 2147483647;
-  EXPECT_EQ(Neighbours({{kMax, 7, kMax - 1}, {kMax - 1, 7, 1000}}, &result),
-            (std::vector<int>{0, 2, 0, 1, 0, 0}));
-  EXPECT_EQ(result, kMax);
+  const struct {
+    Triangles triangles;
+    std::vector<int> neighbours;
+    int result;
+  } cases[] = {
+      {{{4, 9, 2}}, {0, 0, 0}, 9},
+      {{{1, 3, 2}, {3, 4, 2}}, {0, 2, 0, 0, 0, 1}, 4},
+      {{{1, 2, 3}, {2, 1, 4}, {1, 2, 5}, {5, 3, 2}}, {0, 4, 0, 0, 0, 0, 0, 4, 0, 0, 1, 3}, -5},
+      {{{kMax, 7, kMax - 1}, {kMax - 1, 7, 1000}}, {0, 2, 0, 1, 0, 0}, kMax}};
+  std::vector<int> neighbours;
+  for (const auto& c : cases) {
+    EXPECT_EQ(Build(c.triangles, neighbours), c.result);
+    EXPECT_EQ(neighbours, c.neighbours);
+  }
 }
 
 TEST(Adjacency, NoTrianglesWriteNothing) {
@@ -110,29 +103,19 @@ TEST(Adjacency, NoTrianglesWriteNothing) {
 TEST(Adjacency, AgreesWithLookingEveryEdgeUp) {
   constexpr int kSide = 60;
   Triangles grid;
-  for (int i = 0; i + 1 < kSide; ++i) {
-    for (int j = 0; j + 1 < kSide; ++j) {
-      const int a = i * kSide + j + 1;
-      grid.push_back({a, a + kSide, a + 1});
-      grid.push_back({a + 1, a + kSide, a + kSide + 1});
-    }
+  for (int a = 1; a < kSide * (kSide - 1); a += a % kSide == kSide - 1 ? 2 : 1) {
+    grid.push_back({a, a + kSide, a + 1});
+    grid.push_back({a + 1, a + kSide, a + kSide + 1});
   }
   std::mt19937 random(20240611);
+  std::vector<int> neighbours;
   for (Triangles triangles : {grid, Fan(5000, true), Fan(5000, false), Book(5000)}) {
-    EXPECT_EQ(Neighbours(triangles), NeighboursByMap(triangles));
-    std::shuffle(triangles.begin(), triangles.end(), random);
-    EXPECT_EQ(Neighbours(triangles), NeighboursByMap(triangles));
-  }
-}
-
-std::vector<Edge> EdgesOf(const Triangles& triangles) {
-  std::vector<Edge> edges;
-  for (const std::array<int, 3>& t : triangles) {
-    for (std::size_t k = 0; k < 3; ++k) {
-      edges.push_back(EdgeOf(t, k));
+    for (int order = 0; order < 2; ++order) {
+      Build(triangles, neighbours);
+      EXPECT_EQ(neighbours, NeighboursByMap(triangles));
+      std::shuffle(triangles.begin(), triangles.end(), random);
     }
   }
-  return edges;
 }
 
 // Comparisons that sorting costs, in units of n·log2(n). Each one counts, whichever thread makes
@@ -177,16 +160,15 @@ TEST(ParallelSort, NeedsNLogNComparisonsWhateverTheEdgesShare) {
 
 TEST(ParallelSort, SortsEveryShortArrayOfFewValues) {
   std::mt19937 random(11);
-  const auto compare = [](int a, int b) { return a - b; };
   for (std::size_t n = 0; n <= 200; ++n) {
-    for (const int values : {1, 2, 3, 1000}) {
+    for (const unsigned values : {1u, 2u, 3u, 1000u}) {
       std::vector<int> numbers(n);
       for (int& number : numbers) {
-        number = static_cast<int>(random() % static_cast<unsigned>(values));
+        number = static_cast<int>(random() % values);
       }
       std::vector<int> expected = numbers;
       std::sort(expected.begin(), expected.end());
-      tri_Parallel_Sort(numbers.data(), n, compare);
+      tri_Parallel_Sort(numbers.data(), n, [](int a, int b) { return a - b; });
       ASSERT_EQ(numbers, expected) << n << " numbers below " << values;
     }
   }
