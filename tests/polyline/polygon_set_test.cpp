@@ -12,20 +12,19 @@ using namespace zyl::geometry::internal;
 
 using Set = std::unique_ptr<PolygonSet, PolygonSetRelease>;
 
-// A unit square at (x, 0), clockwise and with its first point repeated.
-void AddSquare(PolygonSet& set, int id, double x) {
+// A unit square at (x, y), clockwise and with its first point repeated.
+void AddSquare(PolygonSet& set, int id, double x, double y) {
   const double corners[5][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}, {0, 0}};
   for (const double(&corner)[2] : corners) {
-    ASSERT_EQ(PolygonSet_AddPoint(&set, id, x + corner[0], corner[1], 0), 0);
+    ASSERT_EQ(PolygonSet_AddPoint(&set, id, x + corner[0], y + corner[1], 0), 0);
   }
 }
 
+// Square k stands at x = 10k.
 Set SquaresWithIds(const std::vector<int>& ids) {
   Set set(PolygonSet_Create(1));
-  double x = 0;
   for (const int id : ids) {
-    AddSquare(*set, id, x);
-    x += 10;
+    AddSquare(*set, id, 2 * set->pointCount, 0);
   }
   return set;
 }
@@ -51,68 +50,63 @@ TEST(PolygonSet, GroupsRunsOfEqualIds) {
   EXPECT_EQ(set->polygonStart[2], 10);
   EXPECT_EQ(set->polygonAux[2], -1);
   EXPECT_EQ(set->points[9].polygonIndex, 1);
-  AddSquare(*set, 10, 50);
+  AddSquare(*set, 10, 50, 0);
   EXPECT_EQ(set->polygonStart, nullptr);
   EXPECT_EQ(set->polygonCount, 0);
 }
 
 TEST(PolygonSet, FindsPolygonsWhetherOrNotTheirIdsCountUp) {
-  int g = 0;
+  const auto expectFound = [](const Set& set, int id, int first, int polygon) {
+    int g = 77;
+    EXPECT_EQ(PolygonSet_FindPolygon(set.get(), id, &g), first) << id;
+    EXPECT_EQ(g, polygon) << id;
+  };
   for (const bool grouped : {false, true}) {
     for (const std::vector<int>& ids :
-         {std::vector<int>{7, 8, 9}, {1, 3}, {-2, -1, 0}, {INT_MAX, INT_MIN}, {4, 5, 4}}) {
+         {std::vector<int>{7, 8, 9}, {1, 3}, {-2, -1, 0}, {INT_MAX, INT_MIN}, {4, 5, 4}, {}}) {
       const Set set = SquaresWithIds(ids);
       if (grouped) {
         PolygonSet_Group(set.get());
       }
-      for (int k = 0; k < static_cast<int>(ids.size()); ++k) {
-        const int first = ids[static_cast<std::size_t>(k)] == ids[0] ? 0 : k;
-        EXPECT_EQ(PolygonSet_FindPolygon(set.get(), ids[static_cast<std::size_t>(k)], &g),
-                  5 * first);
-        EXPECT_EQ(g, grouped ? first : -1);
+      int k = 0;
+      for (const int id : ids) {
+        const int first = id == ids[0] ? 0 : k;
+        expectFound(set, id, 5 * first, grouped ? first : -1);
+        ++k;
       }
       for (const int absent : {2, 6, 10, INT_MIN + 1, INT_MAX - 1}) {
-        EXPECT_EQ(PolygonSet_FindPolygon(set.get(), absent, &g), -1);
-        EXPECT_EQ(g, -1);
+        expectFound(set, absent, -1, -1);
       }
     }
   }
-  const Set empty(PolygonSet_Create(5));
-  PolygonSet_Group(empty.get());
-  EXPECT_EQ(PolygonSet_FindPolygon(empty.get(), 0, &g), -1);
 }
 
 TEST(PolygonSet, AnswersForEachPolygon) {
   const Set set = SquaresWithIds({1, 3});
-  PolygonSet_AddPoint(set.get(), 4, 0, 0, 0);                         // a point is no polygon
-  EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 0.5, 0.5, 0), 0);  // not triangulated yet
+  PolygonSet_AddPoint(set.get(), 4, 0, 0, 0);  // a point is no polygon
+  const auto inside = [&set](int id, double x) {
+    return PolygonSet_IsPointInside(set.get(), id, x, x == 0 ? 0 : 0.5, 0);
+  };
+  EXPECT_EQ(inside(1, 0.5), 0);  // not triangulated yet
   for (int again = 0; again < 2; ++again) {
     PolygonSet_Triangulate(set.get());
     EXPECT_EQ(set->triangulationCount, 3);
-    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 0.5, 0.5, 0), 1);
-    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 10.5, 0.5, 0), 0);
-    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 3, 10.5, 0.5, 0), 1);
-    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 3, 10, 0.5, 0), 1);  // on the boundary
-    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 2, 0.5, 0.5, 0), 0);
-    EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 4, 0, 0, 0), 0);
+    EXPECT_TRUE(inside(1, 0.5) == 1 && inside(3, 10.5) == 1 && inside(3, 10) == 1);
+    EXPECT_TRUE(inside(1, 10.5) == 0 && inside(2, 0.5) == 0 && inside(4, 0) == 0);
   }
   PolygonSet_AddPoint(set.get(), 5, 0, 0, 0);  // discards the grouping, and with it the answers
-  EXPECT_EQ(PolygonSet_IsPointInside(set.get(), 1, 0.5, 0.5, 0), 0);
+  EXPECT_EQ(inside(1, 0.5), 0);
 }
 
 TEST(PolygonSet, AreaIsPositiveClockwise) {
   const Set set = SquaresWithIds({1});
-  EXPECT_EQ(PolygonSet_SignedArea(set.get(), 1), 1);
-  EXPECT_EQ(PolygonSet_IsClockwise(set.get(), 1), 1);
-  EXPECT_EQ(PolygonSet_SignedArea(set.get(), 2), 0);
-  EXPECT_EQ(PolygonSet_IsClockwise(set.get(), 2), 0);
   // The same square the other way round, far up: y of the first point cancels.
-  const double corners[5][2] = {{0, 1e6}, {1, 1e6}, {1, 1e6 + 1}, {0, 1e6 + 1}, {0, 1e6}};
-  for (const double(&corner)[2] : corners) {
-    PolygonSet_AddPoint(set.get(), 2, corner[0], corner[1], 0);
+  AddSquare(*set, 2, 0, 1e6);
+  std::swap(set->points[6], set->points[8]);
+  for (const int id : {1, 2, 3}) {
+    EXPECT_EQ(PolygonSet_SignedArea(set.get(), id), id == 1 ? 1 : id == 2 ? -1 : 0);
+    EXPECT_EQ(PolygonSet_IsClockwise(set.get(), id), id == 1);
   }
-  EXPECT_EQ(PolygonSet_SignedArea(set.get(), 2), -1);
-  EXPECT_EQ(PolygonSet_IsClockwise(set.get(), 2), 0);
 }
 
 }  // namespace

@@ -44,10 +44,9 @@ TEST(PolygonNormal, PointsUpTheLargestAxisWhicheverWayThePointsRun) {
 
 TEST(PolygonNormal, IsThatOfThePlaneOfItsPoints) {
   std::mt19937_64 random(8);
-  std::uniform_real_distribution<double> uniform(-1, 1);
+  const auto uniform = [&] { return std::uniform_real_distribution<double>(-1, 1)(random); };
   for (int i = 0; i < 200; ++i) {
-    const Coord3D u(uniform(random), uniform(random), uniform(random));
-    const Coord3D v(uniform(random), uniform(random), uniform(random));
+    const Coord3D u(uniform(), uniform(), uniform()), v(uniform(), uniform(), uniform());
     Coord3D wanted = u.Cross(v);
     if (wanted.Magnitude() < 0.1) {
       continue;
@@ -55,15 +54,15 @@ TEST(PolygonNormal, IsThatOfThePlaneOfItsPoints) {
     wanted.Normalise();
     Points points;
     for (int k = 0; k < 12; ++k) {
-      const Coord3D p = Coord3D(450, 6500, 3) + u * uniform(random) + v * uniform(random);
-      points.emplace_back(p);
+      points.emplace_back(Coord3D(450, 6500, 3) + u * uniform() + v * uniform());
     }
     const Coord3D normal = NormalOf(points);
     EXPECT_NEAR(std::fabs(normal.Dot(wanted)), 1, 1e-9);
-    const double largest = std::fabs(normal.x) >= std::fabs(normal.y)   ? normal.x
-                           : std::fabs(normal.y) >= std::fabs(normal.z) ? normal.y
-                                                                        : normal.z;
-    EXPECT_TRUE(largest > 0 || std::fabs(normal.z) > std::fabs(largest));
+    const Coord3D axis(std::fabs(normal.x), std::fabs(normal.y), std::fabs(normal.z));
+    EXPECT_GT(axis.x > axis.y && axis.x > axis.z ? normal.x
+              : axis.y > axis.z                  ? normal.y
+                                                 : normal.z,
+              0);
   }
 }
 
@@ -76,83 +75,63 @@ TEST(PolygonNormal, IsLeftAloneWhereTheGateSeesALine) {
   EXPECT_NE(NormalOf(Points{{0, 0, 0}, {1, 1, 0}, {2, 2, 1e-6}, {0, 1, 5}}), untouched);
 }
 
+// Of a line they are its own points.
 TEST(PointNormals, LieToTheLeftAndToTheRightOfTheWay) {
   const double half = std::sqrt(0.5);
-  Points left = {{9, 9, 9}};
-  Points right;
-  Polyline3D square = Closed(kSquare);
-  square.GetPointNormals(left, right, 1.0);
+  Points left = {{9, 9, 9}}, right;
+  Closed(kSquare).GetPointNormals(left, right, 1.0);
   ASSERT_EQ(left.size(), 5u);  // what was there stays
   ASSERT_EQ(right.size(), 4u);
   ExpectNear(left[1], {half, half, 0});
   ExpectNear(right[0], {-half, -half, 0});
   ExpectNear(left[3], {1 - half, 1 - half, 0});
-}
 
-TEST(PointNormals, OfALineAreItsOwnPoints) {
   Polyline3D line(Points{{0, 0, 0}, {1, 1, 0}, {2, 2, 0}});
-  Points left;
-  Points right;
+  left.clear(), right.clear();
   line.GetPointNormals(left, right, 5.0);
   EXPECT_TRUE(left == line.GetPointVector() && right == line.GetPointVector());
 }
 
+// The upright one stands in y = 0, seen from +y: x to the left, z up.
 TEST(IsClockwise, IsSeenAgainstTheNormal) {
-  const Points clockwise = {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}};
-  Polyline3D ring = Closed(clockwise);
-  EXPECT_TRUE(ring.IsClockwise());
-  ring.Reverse();
-  EXPECT_FALSE(ring.IsClockwise());
-  Polyline3D open(clockwise);
+  Polyline3D open(Points{{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}});
   open.Add(0, 0, 0);
-  EXPECT_TRUE(open.IsClockwise());
-  open.Reverse();
-  EXPECT_FALSE(open.IsClockwise());
+  for (Polyline3D ring : {Closed({{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}}), open,
+                          Closed({{0, 0, 0}, {0, 0, 1}, {-1, 0, 1}, {-1, 0, 0}})}) {
+    EXPECT_TRUE(ring.IsClockwise());
+    ring.Reverse();
+    EXPECT_FALSE(ring.IsClockwise());
+  }
   EXPECT_FALSE(Polyline3D().IsClockwise());
-
-  // Upright in y = 0, seen from +y: x to the left, z up.
-  Polyline3D upright = Closed({{0, 0, 0}, {0, 0, 1}, {-1, 0, 1}, {-1, 0, 0}});
-  EXPECT_TRUE(upright.IsClockwise());
-  upright.Reverse();
-  EXPECT_FALSE(upright.IsClockwise());
 }
 
+// In x-y, a product of distance and length, which has to be less than the tolerance; a negative one
+// stands for 0.01.
 TEST(IsPointOnEdge, MeasuresADistanceInSpaceAndACrossProductInXY) {
-  const Polyline3D bend(Points{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
-  const Point3D onFirst(0.5, 0, 0);
-  EXPECT_TRUE(bend.IsPointOnEdge(onFirst, true, 1e-6));
-  EXPECT_TRUE(bend.IsPointOnEdge(onFirst, false, 1e-6));
-  EXPECT_TRUE(bend.IsPointOnEdge(onFirst, false, 0.0));
-  EXPECT_FALSE(bend.IsPointOnEdge(onFirst, true, 0.0));  // strict
-  EXPECT_TRUE(bend.IsPointOnEdge(Point3D(0.5, 0, 3), true, 1e-6));
-  EXPECT_FALSE(bend.IsPointOnEdge(Point3D(0.5, 0, 3), false, 1e-6));
-
-  const Polyline3D road(Points{{0, 0, 0}, {100, 0, 0}});
-  EXPECT_TRUE(road.IsPointOnEdge(Point3D(50, 0.5, 0), false, 0.5));
-  EXPECT_FALSE(road.IsPointOnEdge(Point3D(50, 0.5, 0), true, 0.5));
-  EXPECT_TRUE(road.IsPointOnEdge(Point3D(50, 0.5, 0), true, 50.5));
-  EXPECT_FALSE(road.IsPointOnEdge(Point3D(100.75, 0, 0), false, 0.5));
-}
-
-TEST(IsPointOnEdge, SeesTheClosingEdgeOfClosedPolylinesAlone) {
-  Polyline3D bend(Points{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
-  const Point3D onClosing(0.5, 0.5, 0);
-  EXPECT_FALSE(bend.IsPointOnEdge(onClosing, true, 1e-6));
-  EXPECT_FALSE(bend.IsPointOnEdge(onClosing, false, 1e-6));
-  bend.SetClosed(true);
-  EXPECT_TRUE(bend.IsPointOnEdge(onClosing, true, 1e-6));
-  EXPECT_TRUE(bend.IsPointOnEdge(onClosing, false, 1e-6));
-}
-
-TEST(IsPointOnEdge, HasAnAnswerForOddInput) {
+  const Points bend = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}, road = {{0, 0, 0}, {100, 0, 0}};
   const Polyline3D dot = Closed({{1, 1, 1}, {1, 1, 1}});
-  EXPECT_FALSE(dot.IsPointOnEdge(Point3D(1, 1, 1), false, 1.0));
-  EXPECT_TRUE(dot.IsPointOnEdge(Point3D(1.005, 1, 7), true, -1.0));  // stands for 0.01
-  EXPECT_FALSE(dot.IsPointOnEdge(Point3D(1.02, 1, 7), true, -1.0));
-  EXPECT_FALSE(Polyline3D().IsPointOnEdge(Point3D(), false, 1.0));
-  const Polyline3D edge(Points{{0, 0, 0}, {1, 0, 0}});
-  EXPECT_FALSE(edge.IsPointOnEdge(Point3D(NAN, 0, 0), false, 1.0));
-  EXPECT_FALSE(edge.IsPointOnEdge(Point3D(NAN, 0, 0), true, 1.0));
+  const struct {
+    Polyline3D polyline;
+    Point3D point;
+    double tolerance;
+    bool inXY, inSpace;
+  } cases[] = {{bend, {0.5, 0, 0}, 1e-6, true, true},
+               {bend, {0.5, 0, 0}, 0, false, true},
+               {bend, {0.5, 0, 3}, 1e-6, true, false},
+               {bend, {0.5, 0.5, 0}, 1e-6, false, false},  // on the closing edge
+               {Closed(bend), {0.5, 0.5, 0}, 1e-6, true, true},
+               {road, {50, 0.5, 0}, 0.5, false, true},
+               {road, {50, 0.5, 0}, 50.5, true, true},
+               {dot, {1, 1, 1}, 1, true, false},
+               {dot, {1.005, 1, 7}, -1, true, false},
+               {dot, {1.02, 1, 7}, -1, false, false},
+               {Polyline3D(), {0, 0, 0}, 1, false, false},
+               {road, {NAN, 0, 0}, 1, false, false}};
+  for (const auto& [polyline, p, tolerance, inXY, inSpace] : cases) {
+    EXPECT_EQ(polyline.IsPointOnEdge(p, true, tolerance), inXY) << p.x << ", " << tolerance;
+    EXPECT_EQ(polyline.IsPointOnEdge(p, false, tolerance), inSpace) << p.x << ", " << tolerance;
+  }
+  EXPECT_FALSE(Polyline3D(road).IsPointOnEdge(Point3D(100.75, 0, 0), false, 0.5));
 }
 
 }  // namespace
