@@ -110,7 +110,7 @@ TEST(Delaunay, SmallInputsOnAGridPassTheVerifier) {
   constexpr unsigned kSeed = 7;
   std::mt19937 random(kSeed);
   for (int round = 0; round < 4000; ++round) {
-    const unsigned size = 2 + random() % 9;
+    const auto size = 2 + random() % 9;
     const Points points = Generate(3 + static_cast<int>(random() % 30),
                                    [&](int) { return At(random() % size, random() % size); });
     exact::Ring2 places;

@@ -87,6 +87,11 @@ TEST(Location, ADirectionSlidesThePointIntoThePlane) {
   EXPECT_EQ(Locate(square, {3.5, 2, 3}, 0, level), 1);
   EXPECT_EQ(Locate(square, {3.5, 2, 3}, 0, none), 1);
   EXPECT_EQ(Locate(square, {1, 2, 3}, 0, nan), -1);
+  // Leaning with slope 3/4 along y, so that upwards is askew to it.
+  const double up[3] = {0, 0, 2};
+  const Polygon roof = Triangulated(kSquare, {"roof", {0, 0, 0}, {1, 0, 0}, {0, 1, 0.75}});
+  EXPECT_EQ(Locate(roof, {1, 3.9, 20}, 0, up), 1);
+  EXPECT_EQ(Locate(roof, {1, 3.9, 20}), -1);
 }
 
 // The world's own axes are the local ones, as the triangle is too small for a fit. Each point is i
