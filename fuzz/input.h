@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace fuzz {
@@ -35,6 +37,12 @@ class Input {
     double value = 0;
     Read(&value, sizeof value);
     return value;
+  }
+
+  /// Anything made of three coordinates.
+  template <class Point>
+  Point Next() {
+    return Point{Coordinate(), Coordinate(), Coordinate()};
   }
 
   int SmallInteger() { return Byte() % 17 - 8; }
@@ -74,7 +82,10 @@ class Input {
 };
 
 /// Ends the program, which is how a fuzzer and a replay learn of a fault.
-[[noreturn]] void Fail(const char* what, const char* file, int line);
+[[noreturn]] inline void Fail(const char* what, const char* file, int line) {
+  std::fprintf(stderr, "%s:%d: %s does not hold\n", file, line, what);
+  std::abort();
+}
 
 }  // namespace fuzz
 

@@ -14,30 +14,21 @@ using namespace zyl::geometry;
 
 constexpr unsigned int kMostPoints = 200;
 
-Point3D NextPoint(fuzz::Input& input) {
-  return {input.Coordinate(), input.Coordinate(), input.Coordinate()};
-}
-
 bool IsUsual(const Point3D& p) { return p == p; }
 
 void Edit(Polyline3D& line, std::vector<Point3D>& model, fuzz::Input& input) {
   switch (input.Byte() % 6) {
     case 0:
-    case 1: {
-      const Point3D p = NextPoint(input);
-      line.Add(p);
-      model.push_back(p);
+    case 1:
+      model.push_back(input.Next<Point3D>());
+      line.Add(model.back());
       break;
-    }
     case 2: {
-      const unsigned int n = input.Byte() % kMostPoints;
-      const auto before = static_cast<unsigned int>(model.size());
-      line.Resize(n);
-      if (n > 0) {
-        model.resize(n);
-      }
-      for (unsigned int i = before; i < n; ++i) {
-        line[i] = model[i];
+      const std::size_t n = input.Byte() % kMostPoints, before = model.size();
+      line.Resize(static_cast<unsigned int>(n));
+      model.resize(n > 0 ? n : before);
+      for (std::size_t i = before; i < n; ++i) {
+        line[static_cast<unsigned int>(i)] = model[i];
       }
       break;
     }
@@ -49,11 +40,9 @@ void Edit(Polyline3D& line, std::vector<Point3D>& model, fuzz::Input& input) {
       const int coordinate = input.Byte() % 5 - 1;
       const double value = input.Coordinate();
       line.Set(value, coordinate);
-      for (Point3D& p : model) {
-        (coordinate == 0   ? p.x
-         : coordinate == 1 ? p.y
-         : coordinate == 2 ? p.z
-                           : p.z) = coordinate >= 0 && coordinate <= 2 ? value : p.z;
+      double Point3D::*const fields[] = {&Point3D::x, &Point3D::y, &Point3D::z};
+      for (std::size_t i = 0; coordinate >= 0 && coordinate <= 2 && i < model.size(); ++i) {
+        model[i].*fields[coordinate] = value;
       }
       break;
     }
@@ -103,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   CheckPoints(line, model);
 
-  const Point3D p = NextPoint(input);
+  const Point3D p = input.Next<Point3D>();
   line.GetCenterPoint();
   line.PrintDebug();
   line.IsClockwise();
@@ -112,8 +101,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
              line.IsPointOnEdge(model[0], false, 1e300) || input.IsRaw());
   Direction normal(0, 0, 7);
   line.GetPolygonNormal(normal);
-  std::vector<Point3D> left;
-  std::vector<Point3D> right;
+  std::vector<Point3D> left, right;
   line.GetPointNormals(left, right, input.Coordinate());
   FUZZ_CHECK(left.size() == model.size() && right.size() == model.size());
   CheckNames(input);

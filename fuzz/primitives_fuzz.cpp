@@ -17,9 +17,8 @@ using namespace zyl::geometry;
 
 constexpr double kRounding = 1e-6;  // angles lose half the digits near 0; coordinates are below 10
 
-Coord3D NextCoord(fuzz::Input& input, bool isExact) {
-  const auto next = [&] { return isExact ? input.SmallInteger() : input.Coordinate(); };
-  return {next(), next(), next()};
+bool IsOrdered(const Extent& box) {
+  return box.min.x < box.max.x && box.min.y < box.max.y && box.min.z < box.max.z;
 }
 
 void CheckBoxes(const Extent& a, const Extent& b, const Coord3D& p, bool isExact) {
@@ -31,8 +30,7 @@ void CheckBoxes(const Extent& a, const Extent& b, const Coord3D& p, bool isExact
   if (!isExact) {
     return;
   }
-  const bool isOrdered = a.min.x < a.max.x && a.min.y < a.max.y && a.min.z < a.max.z &&
-                         b.min.x < b.max.x && b.min.y < b.max.y && b.min.z < b.max.z;
+  const bool isOrdered = IsOrdered(a) && IsOrdered(b);
   FUZZ_CHECK(!isOrdered || meet == a.IsOverlapping(b));
   FUZZ_CHECK(!a.IsOverlapping(b) || a.Hit(b));
   FUZZ_CHECK(!a.IsInside(b) || a.IsCoveredBy(b));
@@ -44,8 +42,7 @@ void CheckBoxes(const Extent& a, const Extent& b, const Coord3D& p, bool isExact
 }
 
 void CheckSegments(Segment s, Segment t, const Coord3D& p, bool isExact) {
-  double toPoint = 0;
-  double toSegment = 0;
+  double toPoint = 0, toSegment = 0;
   const Coord3D nearest = s.GetNearestPoint(p, toPoint);
   s.GetNearestPoint(t, toSegment);
   s.AngleBetween(t);
@@ -61,8 +58,7 @@ void CheckSegments(Segment s, Segment t, const Coord3D& p, bool isExact) {
 }
 
 void CheckTriangles(Triangle a, Triangle b, Segment s, const Coord3D& p, bool isExact) {
-  double toPoint = 0;
-  double toSegment = 0;
+  double toPoint = 0, toSegment = 0;
   a.GetNearestPoint(p, toPoint);
   a.GetNearestPoint(s, toSegment);
   const bool touch = a.IsTouching(b);
@@ -72,12 +68,20 @@ void CheckTriangles(Triangle a, Triangle b, Segment s, const Coord3D& p, bool is
   }
   FUZZ_CHECK(touch == b.IsTouching(a));
   if (plane.Normal().Magnitude() > 0.5) {
-    FUZZ_CHECK(toPoint <= p.Distance(a.p0) + kRounding);
-    FUZZ_CHECK(toPoint <= p.Distance(a.p1) + kRounding);
-    FUZZ_CHECK(toPoint <= p.Distance(a.p2) + kRounding);
+    for (const Point3D& corner : {a.p0, a.p1, a.p2}) {
+      FUZZ_CHECK(toPoint <= p.Distance(corner) + kRounding);
+    }
     FUZZ_CHECK(toPoint >= plane.Distance(p, true) - kRounding);
     FUZZ_CHECK(a.Intersect(s) ? toSegment == 0 : toSegment >= 0);
   }
+}
+
+Triangle Over(const Coord3D* corners) {
+  Triangle triangle;
+  triangle.p0 = Point3D(corners[0]);
+  triangle.p1 = Point3D(corners[1]);
+  triangle.p2 = Point3D(corners[2]);
+  return triangle;
 }
 
 }  // namespace
@@ -89,16 +93,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   input.DrawKind();
   Coord3D c[7];
   for (Coord3D& coord : c) {
-    coord = NextCoord(input, isExact);
+    for (int i = 0; i < 3; ++i) {
+      coord[i] = isExact ? input.SmallInteger() : input.Coordinate();
+    }
   }
-  Triangle a;
-  a.p0 = Point3D(c[0]);
-  a.p1 = Point3D(c[1]);
-  a.p2 = Point3D(c[2]);
-  Triangle b;
-  b.p0 = Point3D(c[3]);
-  b.p1 = Point3D(c[4]);
-  b.p2 = Point3D(c[5]);
+  const Triangle a = Over(c), b = Over(c + 3);
   CheckBoxes(Extent(c[0], c[1]), Extent(c[2], c[3]), c[4], isExact);
   CheckSegments(Segment(c[0], c[1]), Segment(c[2], c[3]), c[4], isExact);
   CheckTriangles(a, b, Segment(c[5], c[6]), c[6], isExact);

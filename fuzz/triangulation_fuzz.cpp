@@ -3,36 +3,26 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <vector>
 
 #include "input.h"
 #include "support/even_odd.h"
 #include "support/mesh_checker.h"
-#include "support/triangulation.h"
 
 namespace {
 
-using exact::Point2;
 using mesh::TPoint;
 
-constexpr std::size_t kMostPoints = 300;
-
 // The predicates neither overflow nor underflow, and no two points are merged that differ.
-bool IsTame(const std::vector<TPoint>& points) {
-  for (const TPoint& p : points) {
-    for (const double value : {p.x, p.y}) {
-      if (value != std::nearbyint(value) || std::fabs(value) > 1e6) {
-        return false;
-      }
-    }
-  }
-  return true;
+bool IsTame(const TPoint& p) {
+  return p.x == std::nearbyint(p.x) && std::fabs(p.x) <= 1e6 && p.y == std::nearbyint(p.y) &&
+         std::fabs(p.y) <= 1e6;
 }
 
-bool HasCrossing(const std::vector<TPoint>& points) {
-  const auto at = [&points](std::size_t i) { return Point2{points[i].x, points[i].y}; };
+bool HasCrossing(const mesh::Points& points) {
+  const auto at = [&points](std::size_t i) { return exact::Point2{points[i].x, points[i].y}; };
   for (std::size_t i = 1; i < points.size(); ++i) {
     for (std::size_t j = 1; j < i; ++j) {
       if (points[i].flag == 0 && points[j].flag == 0 &&
@@ -44,17 +34,6 @@ bool HasCrossing(const std::vector<TPoint>& points) {
   return false;
 }
 
-void CheckReadable(const mesh::Triangulation& built) {
-  const auto vertexCount = static_cast<int>(built.vertices.size());
-  const auto triangleCount = static_cast<int>(built.triangles.size());
-  for (std::size_t t = 0; t < built.triangles.size(); ++t) {
-    for (std::size_t k = 0; k < 3; ++k) {
-      FUZZ_CHECK(built.triangles[t][k] >= 1 && built.triangles[t][k] <= vertexCount);
-      FUZZ_CHECK(built.neighbours[t][k] >= 0 && built.neighbours[t][k] <= triangleCount);
-    }
-  }
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -64,16 +43,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const int breaklines = input.Byte() % 4;  // none, few, half, nearly all
   const double tolerance = input.Byte() % 4 == 0 ? 0.5 : 0.0;
   input.DrawKind();
-  std::vector<TPoint> points;
-  while (input.Left() > 0 && points.size() < kMostPoints) {
+  mesh::Points points;
+  while (input.Left() > 0 && points.size() < 300) {
     const double x = input.Coordinate();
     const double y = input.Coordinate();
     points.push_back({x, y, 0, input.Byte() % 4 < breaklines ? 0 : 1});
   }
   const mesh::Triangulation built = mesh::Triangulate(points, tolerance, tolerance);
-  CheckReadable(built);
-  if (built.result == 0 && !built.triangles.empty() && tolerance == 0 && IsTame(points) &&
-      !HasCrossing(points)) {
+  for (std::size_t i = 0; i < 3 * built.triangles.size(); ++i) {
+    const int corner = built.triangles[i / 3][i % 3], across = built.neighbours[i / 3][i % 3];
+    FUZZ_CHECK(corner >= 1 && corner <= static_cast<int>(built.vertices.size()));
+    FUZZ_CHECK(across >= 0 && across <= static_cast<int>(built.triangles.size()));
+  }
+  if (built.result == 0 && !built.triangles.empty() && tolerance == 0 &&
+      std::all_of(points.begin(), points.end(), IsTame) && !HasCrossing(points)) {
     mesh::Check(points, built);
   }
   return 0;

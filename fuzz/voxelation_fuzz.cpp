@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <tuple>
+#include <vector>
 
 #include "input.h"
 #include "zyl/geometry/extent.h"
@@ -17,24 +18,20 @@ using Voxel = std::tuple<int, int, int>;
 
 constexpr int kMostVoxels = 12;  // along one axis; memory stays bounded
 
-Coord3D NextCoord(fuzz::Input& input) {
-  return {input.Coordinate(), input.Coordinate(), input.Coordinate()};
-}
-
-// Calls visit(i, j, k) for every voxel of the range between two points.
-template <class Visit>
-void ForRange(const Voxelation& index, const Coord3D& low, const Coord3D& high, Visit visit) {
-  Voxelation::Location from{};
-  Voxelation::Location to{};
+// The voxels of the range between two points.
+std::vector<Voxel> Range(const Voxelation& index, const Coord3D& low, const Coord3D& high) {
+  Voxelation::Location from{}, to{};
   index.Locate(low, from);
   index.Locate(high, to);
+  std::vector<Voxel> voxels;
   for (int i = from.i; i <= to.i; ++i) {
     for (int j = from.j; j <= to.j; ++j) {
       for (int k = from.k; k <= to.k; ++k) {
-        visit(Voxel(i, j, k));
+        voxels.emplace_back(i, j, k);
       }
     }
   }
+  return voxels;
 }
 
 void CheckWithoutGrid(Voxelation& index) {
@@ -51,8 +48,8 @@ void CheckWithoutGrid(Voxelation& index) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::Input input(data, size);
   input.DrawKind();
-  const Coord3D low = NextCoord(input);
-  const Coord3D high = NextCoord(input);
+  const Coord3D low = input.Next<Coord3D>();
+  const Coord3D high = input.Next<Coord3D>();
   const int counts[3] = {input.Int(-1, kMostVoxels), input.Int(-1, kMostVoxels),
                          input.Int(-1, kMostVoxels)};
   Voxelation index(low, high, counts[0], counts[1], counts[2]);
@@ -66,15 +63,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::map<Voxel, Ids> model;
   const int steps = input.Byte() % 32;
   for (int step = 0; step < steps && input.Left() > 0; ++step) {
-    const Coord3D a = NextCoord(input);
+    const Coord3D a = input.Next<Coord3D>();
     const int64 id = input.Byte();
-    if (input.Byte() % 2 == 0) {
-      FUZZ_CHECK(index.AddPoint(a, id));
-      ForRange(index, a, a, [&](const Voxel& voxel) { model[voxel].insert(id); });
-    } else {
-      const Coord3D b = NextCoord(input);
-      FUZZ_CHECK(index.AddExtent(Extent(a, b), id));
-      ForRange(index, a, b, [&](const Voxel& voxel) { model[voxel].insert(id); });
+    const bool isPoint = input.Byte() % 2 == 0;
+    const Coord3D b = isPoint ? a : input.Next<Coord3D>();
+    FUZZ_CHECK(isPoint ? index.AddPoint(a, id) : index.AddExtent(Extent(a, b), id));
+    for (const Voxel& voxel : Range(index, a, b)) {
+      model[voxel].insert(id);
     }
   }
 
@@ -84,20 +79,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       for (int k = -1; k <= dims[2]; ++k) {
         Ids found;
         copy.CollectIDsAt(found, i, j, k);
-        const auto wanted = model.find(Voxel(i, j, k));
-        FUZZ_CHECK(wanted == model.end() ? found.empty() : found == wanted->second);
+        FUZZ_CHECK(found == model[Voxel(i, j, k)]);
       }
     }
   }
-  const Coord3D centre = NextCoord(input);
-  const Coord3D half = NextCoord(input);
+  const Coord3D centre = input.Next<Coord3D>();
+  const Coord3D half = input.Next<Coord3D>();
   Ids wanted;
-  ForRange(index, centre - half, centre + half, [&](const Voxel& voxel) {
-    const auto ids = model.find(voxel);
-    if (ids != model.end()) {
-      wanted.insert(ids->second.begin(), ids->second.end());
-    }
-  });
+  for (const Voxel& voxel : Range(index, centre - half, centre + half)) {
+    wanted.insert(model[voxel].begin(), model[voxel].end());
+  }
   Ids near;
   FUZZ_CHECK(index.CollectIDsNear(near, centre, half.x, half.y, half.z) == !wanted.empty());
   FUZZ_CHECK(near == wanted);

@@ -1,6 +1,5 @@
 #include "zyl/geometry/enclosing_circle.h"
 
-#include <gmpxx.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +9,7 @@
 #include <random>
 #include <set>
 
+#include "support/smallest_circle.h"
 #include "zyl/geometry/polyline3d.h"
 
 namespace {
@@ -79,49 +79,6 @@ Points Draw(int shape, int count, double offset, std::mt19937_64& random) {
   return points;
 }
 
-struct Exact {
-  mpq_class x, y, squaredRadius;
-};
-
-mpq_class SquaredDistance(const Exact& c, const Point3D& p) {
-  const mpq_class dx = p.x - c.x;
-  const mpq_class dy = p.y - c.y;
-  return dx * dx + dy * dy;
-}
-
-Exact Through(const Point3D& a, const Point3D& b, const Point3D& c) {
-  const mpq_class bx = mpq_class(b.x) - a.x, by = mpq_class(b.y) - a.y;
-  const mpq_class cx = mpq_class(c.x) - a.x, cy = mpq_class(c.y) - a.y;
-  const mpq_class d = 2 * (bx * cy - by * cx);
-  Exact circle{(mpq_class(a.x) + b.x) / 2, (mpq_class(a.y) + b.y) / 2, 0};
-  if (d != 0) {
-    const mpq_class b2 = bx * bx + by * by, c2 = cx * cx + cy * cy;
-    circle.x = a.x + (cy * b2 - by * c2) / d;
-    circle.y = a.y + (bx * c2 - cx * b2) / d;
-  }
-  circle.squaredRadius = SquaredDistance(circle, a);
-  return circle;
-}
-
-// Radius of the smallest circle through two or three of the points that contains all of them.
-double BruteForceRadius(const Points& points) {
-  mpq_class smallest = -1;
-  for (auto a = points.begin(); a != points.end(); ++a) {
-    for (auto b = points.begin(); b != a; ++b) {
-      for (auto c = points.begin(); c <= b; ++c) {
-        const Exact circle = Through(*a, *b, *c);  // over a and b if c is b
-        if ((smallest < 0 || circle.squaredRadius < smallest) &&
-            std::all_of(points.begin(), points.end(), [&circle](const Point3D& p) {
-              return SquaredDistance(circle, p) <= circle.squaredRadius;
-            })) {
-          smallest = circle.squaredRadius;
-        }
-      }
-    }
-  }
-  return std::sqrt(smallest.get_d());
-}
-
 // What is promised of coordinates about `offset`.
 double Tolerance(double offset, double radius) {
   return 64 * (std::nextafter(offset + 1, 1e300) - (offset + 1)) + 1e-9 * radius;
@@ -143,7 +100,7 @@ TEST(SmallestEnclosingCircle, IsThatOfAnExactSearchThroughAllPairsAndTriples) {
       const EncCircle circle = SmallestEnclosingCircle(points);
       const double tolerance = Tolerance(offset, circle.radius);
       ASSERT_LE(MostOutside(points, circle), tolerance) << offset << ' ' << run;
-      ASSERT_NEAR(circle.radius, BruteForceRadius(points), tolerance) << offset << ' ' << run;
+      ASSERT_NEAR(circle.radius, exact::SmallestRadius(points), tolerance) << offset << ' ' << run;
     }
   }
 }
