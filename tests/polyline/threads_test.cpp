@@ -64,10 +64,19 @@ Polyline3D OnTheGround(const rings::Ring2& ring) {
   return polyline;
 }
 
-// Large enough for the triangles to be sorted in two tasks.
-TEST(Threads, AskOnePolyline) {
-  std::mt19937_64 random(3);
-  ExpectTheSameFromEightThreads({OnTheGround(rings::Concave(1000, random))});
+// A disc's wedge, with so many triangles around its tip that they are sorted in two tasks; pointing
+// either way, so that one of the two does whichever way its points are numbered.
+TEST(Threads, AskAboutPolygonsThatAreSortedInTasks) {
+  constexpr std::size_t kCorners = 1500;
+  std::vector<Polyline3D> wedges;
+  for (const double direction : {-0.5, 2.6}) {
+    rings::Ring2 ring = {{0, 0}};
+    for (std::size_t i = 0; i < kCorners; ++i) {
+      ring.push_back(rings::Polar(1, direction + static_cast<double>(i) / kCorners));
+    }
+    wedges.push_back(OnTheGround(ring));
+  }
+  ExpectTheSameFromEightThreads(wedges);
 }
 
 TEST(Threads, AskManyPolylines) {
