@@ -12,19 +12,19 @@ using namespace zyl::geometry::internal;
 
 using Set = std::unique_ptr<PolygonSet, PolygonSetRelease>;
 
-// A unit square at (x, y), clockwise and with its first point repeated.
-void AddSquare(PolygonSet& set, int id, double x, double y) {
-  const double corners[5][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}, {0, 0}};
+// A square of 1 under a triangle at (x, y), clockwise and with its first point repeated.
+void AddHouse(PolygonSet& set, int id, double x, double y) {
+  const double corners[5][2] = {{0, 0}, {0, 1}, {1, 2}, {1, 0}, {0, 0}};
   for (const double(&corner)[2] : corners) {
     ASSERT_EQ(PolygonSet_AddPoint(&set, id, x + corner[0], y + corner[1], 0), 0);
   }
 }
 
-// Square k stands at x = 10k.
-Set SquaresWithIds(const std::vector<int>& ids) {
+// House k stands at x = 10k.
+Set HousesWithIds(const std::vector<int>& ids) {
   Set set(PolygonSet_Create(1));
   for (const int id : ids) {
-    AddSquare(*set, id, 2 * set->pointCount, 0);
+    AddHouse(*set, id, 2 * set->pointCount, 0);
   }
   return set;
 }
@@ -43,14 +43,14 @@ TEST(PolygonSet, GrowsBeyondItsCapacity) {
 }
 
 TEST(PolygonSet, GroupsRunsOfEqualIds) {
-  const Set set = SquaresWithIds({7, 8, 9});
+  const Set set = HousesWithIds({7, 8, 9});
   PolygonSet_Group(set.get());
   EXPECT_EQ(set->polygonCount, 3);
   EXPECT_EQ(set->firstPolygonId, 7);
   EXPECT_EQ(set->polygonStart[2], 10);
   EXPECT_EQ(set->polygonAux[2], -1);
   EXPECT_EQ(set->points[9].polygonIndex, 1);
-  AddSquare(*set, 10, 50, 0);
+  AddHouse(*set, 10, 50, 0);
   EXPECT_EQ(set->polygonStart, nullptr);
   EXPECT_EQ(set->polygonCount, 0);
 }
@@ -64,7 +64,7 @@ TEST(PolygonSet, FindsPolygonsWhetherOrNotTheirIdsCountUp) {
   for (const bool grouped : {false, true}) {
     for (const std::vector<int>& ids :
          {std::vector<int>{7, 8, 9}, {1, 3}, {-2, -1, 0}, {INT_MAX, INT_MIN}, {4, 5, 4}, {}}) {
-      const Set set = SquaresWithIds(ids);
+      const Set set = HousesWithIds(ids);
       if (grouped) {
         PolygonSet_Group(set.get());
       }
@@ -82,7 +82,7 @@ TEST(PolygonSet, FindsPolygonsWhetherOrNotTheirIdsCountUp) {
 }
 
 TEST(PolygonSet, AnswersForEachPolygon) {
-  const Set set = SquaresWithIds({1, 3});
+  const Set set = HousesWithIds({1, 3});
   PolygonSet_AddPoint(set.get(), 4, 0, 0, 0);  // a point is no polygon
   const auto inside = [&set](int id, double x) {
     return PolygonSet_IsPointInside(set.get(), id, x, x == 0 ? 0 : 0.5, 0);
@@ -99,12 +99,12 @@ TEST(PolygonSet, AnswersForEachPolygon) {
 }
 
 TEST(PolygonSet, AreaIsPositiveClockwise) {
-  const Set set = SquaresWithIds({1});
-  // The same square the other way round, far up: y of the first point cancels.
-  AddSquare(*set, 2, 0, 1e6);
+  const Set set = HousesWithIds({1});
+  // The same house the other way round, far up: y of the first point cancels.
+  AddHouse(*set, 2, 0, 1e6);
   std::swap(set->points[6], set->points[8]);
   for (const int id : {1, 2, 3}) {
-    EXPECT_EQ(PolygonSet_SignedArea(set.get(), id), id == 1 ? 1 : id == 2 ? -1 : 0);
+    EXPECT_EQ(PolygonSet_SignedArea(set.get(), id), id == 1 ? 1.5 : id == 2 ? -1.5 : 0);
     EXPECT_EQ(PolygonSet_IsClockwise(set.get(), id), id == 1);
   }
 }

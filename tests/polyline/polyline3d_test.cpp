@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <locale>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -130,11 +131,17 @@ TEST(Polyline3D, TheNameCarriesAnInteger) {
   }
 }
 
-TEST(Polyline3D, PrintsFlagAndPoints) {
+class DecimalComma : public std::numpunct<char> {
+  char do_decimal_point() const override { return ','; }
+};
+
+TEST(Polyline3D, PrintsFlagAndPointsInAnyLocale) {
+  const std::locale before = std::locale::global(std::locale(std::locale(), new DecimalComma));
   EXPECT_EQ(Polyline3D().PrintDebug(), "Open ");
   Polyline3D ring(Points{{1234567, -1e-5, kNaN}, {1, 0.5, 2}});
   ring.SetClosed(true);
   EXPECT_EQ(ring.PrintDebug(), "Closed 1.23457e+06:-1e-05:nan, 1:0.5:2, ");
+  std::locale::global(before);
 }
 
 }  // namespace

@@ -38,6 +38,7 @@ TEST(PolygonNormal, PointsUpTheLargestAxisWhicheverWayThePointsRun) {
   ExpectNear(NormalOf(square), {0, 0, 1});
   square.Reverse();
   ExpectNear(NormalOf(square), {0, 0, 1});
+  ExpectNear(NormalOf(Points{{0, 0, 0}, {2, 1, 0}, {1, 3, 0}}), {0, 0, 1});
   ExpectNear(NormalOf(Points{{0, 3, 0}, {0, 3, 1}, {1, 3, 1}, {1, 3, 0}}), {0, 1, 0});
   ExpectNear(NormalOf(Points{{-2, 0, 0}, {-2, 1, 0.5}, {-2, 1, 1}, {-2, 0, 1}}), {1, 0, 0});
 }
