@@ -15,7 +15,6 @@ namespace xml {
 struct Element {
   std::string name;
   std::map<std::string, std::string> attributes;
-  std::string text;  ///< all that stands before the first child or the end, references as written
 
   std::string Get(const std::string& attribute) const {
     const auto found = attributes.find(attribute);
@@ -23,40 +22,34 @@ struct Element {
   }
 };
 
-/// What is wrong with a document that is not well-formed.
-struct Fault : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
 class Reader {
  public:
   explicit Reader(std::string_view document) : rest_(document) {}
 
-  /// All elements in the order in which they begin. Throws Fault.
+  /// All elements in the order in which they begin. Throws std::runtime_error if the document is
+  /// not well-formed.
   std::vector<Element> Read() {
-    do {
-      if (!Take("<")) {
-        Fail("text outside of the root");
-      }
+    for (std::string text = TakeUpTo("<"); !rest_.empty(); text = TakeUpTo("<")) {
+      Require(!open_.empty() || (text.empty() && elements_.empty()), "more than a root");
+      CheckText(text);
+      Take("<");
       if (Take("/")) {
-        Close();
+        Require(TakeUpTo(">") == open_.back(), "the wrong end of an element");
+        open_.pop_back();
       } else {
         Open();
       }
-      const std::string text = Text();
-      if (!open_.empty() && elements_.back().text.empty()) {
-        elements_.back().text = text;
-      }
-    } while (!open_.empty());
-    if (rest_.find_first_not_of(" \n") != std::string_view::npos) {
-      Fail("something behind the root");
+      Require(Take(">"), "a tag that does not end");
     }
+    Require(open_.empty() && !elements_.empty(), "an element that does not end");
     return std::move(elements_);
   }
 
  private:
-  [[noreturn]] void Fail(const std::string& reason) const {
-    throw Fault(reason + " before \"" + std::string(rest_.substr(0, 40)) + "\"");
+  void Require(bool condition, const std::string& reason) const {
+    if (!condition) {
+      throw std::runtime_error(reason + " before \"" + std::string(rest_.substr(0, 40)) + "\"");
+    }
   }
 
   bool Take(std::string_view token) {
@@ -71,62 +64,31 @@ class Reader {
     return std::string(taken);
   }
 
-  std::string Name() {
-    const std::string name = TakeUpTo(" =/>\"<&");
-    if (name.empty()) {
-      Fail("no name");
-    }
-    return name;
-  }
-
-  void CheckReferences(const std::string& text) const {
+  void CheckText(const std::string& text) const {
+    Require(text.find_first_of("<>") == std::string::npos, "a bare bracket");
     for (std::size_t at = text.find('&'); at != std::string::npos; at = text.find('&', at + 1)) {
       const std::string reference = text.substr(at, text.find(';', at) - at);
-      if (reference != "&amp" && reference != "&lt" && reference != "&gt" && reference != "&quot") {
-        Fail("a bare ampersand");
-      }
+      Require(
+          reference == "&amp" || reference == "&lt" || reference == "&gt" || reference == "&quot",
+          "a bare ampersand");
     }
-  }
-
-  std::string Text() {
-    std::string text = TakeUpTo("<>");
-    if (rest_.substr(0, 1) == ">") {
-      Fail("a bare bracket");
-    }
-    CheckReferences(text);
-    return text;
   }
 
   void Open() {
-    Element element;
-    element.name = Name();
+    Element element{TakeUpTo(" />"), {}};
+    Require(!element.name.empty(), "no name");
     while (Take(" ")) {
-      const std::string name = Name();
-      if (!Take("=\"")) {
-        Fail("an attribute without a value");
-      }
-      const std::string value = TakeUpTo("\"<");
-      CheckReferences(value);
-      if (!Take("\"") || !element.attributes.emplace(name, value).second) {
-        Fail("an attribute that does not end, or stands twice");
-      }
+      const std::string name = TakeUpTo(" =/><&\"");
+      Require(Take("=\""), "an attribute without a value");
+      const std::string value = TakeUpTo("\"");
+      CheckText(value);
+      Require(Take("\"") && element.attributes.emplace(name, value).second,
+              "an attribute that does not end, or stands twice");
     }
-    const bool empty = Take("/");
-    if (!Take(">")) {
-      Fail("a tag that does not end");
-    }
-    if (!empty) {
+    if (!Take("/")) {
       open_.push_back(element.name);
     }
     elements_.push_back(std::move(element));
-  }
-
-  void Close() {
-    const std::string name = Name();
-    if (open_.empty() || open_.back() != name || !Take(">")) {
-      Fail("the wrong end of an element");
-    }
-    open_.pop_back();
   }
 
   std::string_view rest_;

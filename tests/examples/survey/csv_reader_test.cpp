@@ -23,11 +23,7 @@ std::string ErrorOf(const std::function<void()>& read) {
 }
 
 TEST(CsvReader, SaysWhichLineIsAtFaultAndWhy) {
-  struct Case {
-    const char* text;
-    const char* error;
-  };
-  const std::vector<Case> cases = {
+  const std::pair<const char*, const char*> cases[] = {
       {"", "t: has no line of column names \"id,x,y\""},
       {"# nothing else\n\n", "t: has no line of column names \"id,x,y\""},
       {"A,1,2\n", "t:1: expected the column names \"id,x,y\", found \"A,1,2\""},
@@ -42,9 +38,9 @@ TEST(CsvReader, SaysWhichLineIsAtFaultAndWhy) {
       {"id,x,y\nA,1,-inf\n", "t:2: y is not finite: \"-inf\""},
       {"id,x,y\nA,1,1e999\n", "t:2: y does not fit a double: \"1e999\""},
   };
-  for (const Case& c : cases) {
-    std::istringstream in(c.text);
-    EXPECT_EQ(ErrorOf([&] { ReadCsv(in, "t", "id,x,y"); }), c.error) << c.text;
+  for (const auto& [text, error] : cases) {
+    std::istringstream in(text);
+    EXPECT_EQ(ErrorOf([&] { ReadCsv(in, "t", "id,x,y"); }), error) << text;
   }
 }
 
@@ -55,50 +51,41 @@ TEST(CsvReader, ReadsWhatSpreadsheetsWrite) {
       "\xEF\xBB\xBFid, x ,y\r\n\r\n# remark\r\n DH 1 ,450000.125,-2e3\r\nB,\t0,7");
   const std::vector<CsvRow> rows = ReadCsv(in, "t", "id,x,y");
   ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[0].line, 4);
-  EXPECT_EQ(rows[0].id, "DH 1");
+  EXPECT_TRUE(rows[0].line == 4 && rows[0].id == "DH 1" && rows[1].line == 5);
   EXPECT_EQ(rows[0].numbers, (std::vector<double>{450000.125, -2000}));
-  EXPECT_EQ(rows[1].line, 5);
   EXPECT_EQ(rows[1].numbers, (std::vector<double>{0, 7}));
 }
 
-class SurveyData : public testing::Test {
- protected:
-  std::string FileOf(const std::string& text) {
-    std::ofstream(path_) << text;
-    return path_;
-  }
-  // The error without the folder that the file stands in.
-  std::string Fault(const std::function<void()>& read) {
-    const std::string error = ErrorOf(read);
-    return error.rfind(path_, 0) == 0 ? error.substr(path_.size()) : error;
-  }
-
- private:
-  // Of the test's own name, as tests may run at once.
-  const std::string path_ = testing::TempDir() + "survey_" +
-                            testing::UnitTest::GetInstance()->current_test_info()->name() + ".csv";
-};
-
-TEST_F(SurveyData, RefusesWhatIsNoSurvey) {
-  EXPECT_EQ(Fault([&] { ReadCollars(FileOf("id,x,y,z\n")); }), ": holds no collar");
-  EXPECT_EQ(Fault([&] { ReadCollars(FileOf("id,x,y,z\nA,1,2,3\nB,1,2,3\nA,4,5,6\n")); }),
-            ":4: id \"A\" already stands in line 2");
-  EXPECT_EQ(Fault([&] { ReadOutline(FileOf("x,y,z\n1,1,0\n2,1,0\n1,1,0\n")); }),
-            ": an outline needs three corners, found 2");
-  EXPECT_EQ(Fault([&] { ReadStructures(FileOf("id,x,y,z,strike,dip\nF,0,0,0,10,91\n")); }),
-            ":2: dip is not between 0 and 90 degrees");
-  const std::string columns = "id,x,y,z,major,semi_major,minor,bearing,inclination,rotation\n";
-  EXPECT_EQ(Fault([&] { ReadSearches(FileOf(columns + "S,0,0,0,9,0,1,0,0,0\n")); }),
-            ":2: a radius is not positive");
+// A file of the test's own name, as tests may run at once.
+std::string FileOf(const std::string& text) {
+  const std::string path = testing::TempDir() + "survey_" +
+                           testing::UnitTest::GetInstance()->current_test_info()->name() + ".csv";
+  std::ofstream(path) << text;
+  return path;
 }
 
-TEST_F(SurveyData, ClosesAnOutlineWhetherOrNotItsFirstCornerIsRepeated) {
+TEST(SurveyData, RefusesWhatIsNoSurvey) {
+  const auto expectFault = [](auto& read, const char* text, const std::string& fault) {
+    const std::string path = FileOf(text);
+    EXPECT_EQ(ErrorOf([&] { read(path); }), path + fault);
+  };
+  expectFault(ReadCollars, "id,x,y,z\n", ": holds no collar");
+  expectFault(ReadCollars, "id,x,y,z\nA,1,2,3\nB,1,2,3\nA,4,5,6\n",
+              ":4: id \"A\" already stands in line 2");
+  expectFault(ReadOutline, "x,y,z\n1,1,0\n2,1,0\n1,1,0\n",
+              ": an outline needs three corners, found 2");
+  expectFault(ReadStructures, "id,x,y,z,strike,dip\nF,0,0,0,10,91\n",
+              ":2: dip is not between 0 and 90 degrees");
+  expectFault(ReadSearches,
+              "id,x,y,z,major,semi_major,minor,bearing,inclination,rotation\n"
+              "S,0,0,0,9,0,1,0,0,0\n",
+              ":2: a radius is not positive");
+}
+
+TEST(SurveyData, ClosesAnOutlineWhetherOrNotItsFirstCornerIsRepeated) {
   const auto open = ReadOutline(FileOf("x,y,z\n0,0,0\n1,0,0\n0,1,0\n"));
-  const auto closed = ReadOutline(FileOf("x,y,z\n0,0,0\n1,0,0\n0,1,0\n0,0,0\n"));
-  EXPECT_TRUE(open.IsClosed());
-  EXPECT_EQ(open.Size(), 3u);
-  EXPECT_EQ(open, closed);
+  EXPECT_TRUE(open.IsClosed() && open.Size() == 3);
+  EXPECT_EQ(open, ReadOutline(FileOf("x,y,z\n0,0,0\n1,0,0\n0,1,0\n0,0,0\n")));
   EXPECT_EQ(open.GetName().substr(0, 7), "survey_");
 }
 
