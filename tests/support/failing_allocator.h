@@ -1,5 +1,9 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <new>
+
 // Makes chosen allocations of this program fail, and counts all of them. A program that links
 // failing_allocator.cpp has operator new replaced, and needs the linker's --wrap for malloc,
 // calloc, realloc and free (zyl_fail_allocations in tests/CMakeLists.txt adds both).
@@ -21,6 +25,33 @@ class FailAllocation {
 
 /// Blocks allocated and not yet released by this program.
 long LiveBlocks();
+
+/// Calls attempt(k, all), which is to make its k-th allocation fail, and all later ones too if
+/// `all` is set, for k = 1, 2, ... until it returns that nothing failed. Nothing may leak. Returns
+/// the number of allocations.
+template <class Attempt>
+long ForEveryAllocation(Attempt attempt) {
+  long count = 0;
+  for (const bool all : {false, true}) {
+    const long before = LiveBlocks();
+    for (count = 0; attempt(count + 1, all); ++count) {
+      EXPECT_EQ(LiveBlocks(), before) << "allocation " << count + 1;
+    }
+  }
+  return count;
+}
+
+/// Whether the action throws std::bad_alloc if its allocations fail so.
+template <class Action>
+bool RunsOutOfMemory(long k, bool andAllLater, Action action) {
+  try {
+    const FailAllocation failure(k, andAllLater);
+    action();
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
+  return false;
+}
 
 /// Starts a new count of PeakBytes from what is allocated now.
 void ResetPeak();

@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <map>
 #include <random>
 #include <utility>
+#include <vector>
 
 #include "support/failing_allocator.h"
 #include "voxel/id_list.h"
@@ -147,40 +149,49 @@ TEST(Voxelation, CopiesAreDeepAndMovesLeaveNothing) {
   EXPECT_EQ(All(moved), (IDs{1, 2}));
 }
 
-// Whether the k-th allocation of the action, counted from 1, is made and fails.
-template <class Action>
-bool RunsOutOfMemory(long k, Action action) {
-  const faults::FailAllocation failure(k, false);
-  try {
-    action();
-  } catch (const std::bad_alloc&) {
-    return true;
+// The identifiers voxel by voxel.
+std::vector<IDs> Contents(const Voxelation& grid) {
+  int n[3];
+  grid.GetDimensions(n);
+  std::vector<IDs> contents;
+  for (int v = 0; v < n[0] * n[1] * n[2]; ++v) {
+    grid.CollectIDsAt(contents.emplace_back(), v % n[0], v / n[0] % n[1], v / n[0] / n[1]);
   }
-  return false;
+  return contents;
 }
 
-// A copy of the source takes the grid and ten lists; each of the eleven fails once.
-TEST(Voxelation, RunningOutOfMemoryLeavesItAsItWasAndLeaksNothing) {
-  const long before = faults::LiveBlocks();
-  {
-    Voxelation source = TenCubed();
-    for (int i = 0; i < 20; ++i) {
-      source.AddPoint(Coord3D(i % 10, 5, 5), i);
-    }
-    Voxelation target(Coord3D(0, 0, 0), Coord3D(1, 1, 1), 2, 2, 2);
-    target.AddPoint(Coord3D(0, 0, 0), 100);
-    const auto copy = [&] { target = source; };
-    for (long k = 1; k <= 11; ++k) {
-      EXPECT_TRUE(RunsOutOfMemory(k, copy)) << k;
-    }
-    const Coord3D one(1, 1, 1);
-    EXPECT_TRUE(RunsOutOfMemory(1, [&] { target.Initialise(Coord3D(), one, 4, 4, 4); }));
-    EXPECT_TRUE(RunsOutOfMemory(1, [&] { target.AddPoint(one, 101); }));
-    EXPECT_EQ(All(target), IDs{100});
-    EXPECT_FALSE(RunsOutOfMemory(12, copy));
-    EXPECT_EQ(All(target), All(source));
+// Every change, with each of its allocations failing: an object as it was, but for the voxels that
+// an extent has reached, and the same change can be made after all.
+TEST(Voxelation, RunningOutOfMemoryLosesAndLeaksNothing) {
+  Voxelation source = TenCubed();
+  for (int i = 0; i < 20; ++i) {
+    source.AddPoint(Coord3D(i % 10, 5, 5), i);
   }
-  EXPECT_EQ(faults::LiveBlocks(), before);
+  const Coord3D one(1, 1, 1);
+  Voxelation original(Coord3D(), one, 2, 2, 2);
+  original.AddPoint(Coord3D(), 100);
+  const std::pair<int, std::function<void(Voxelation&)>> changes[] = {
+      {11, [&](Voxelation& v) { v = source; }},  // the grid and ten lists
+      {1, [&](Voxelation& v) { v.Initialise(Coord3D(), one, 4, 4, 4); }},
+      {1, [&](Voxelation& v) { v.AddPoint(one, 101); }},
+      {7, [&](Voxelation& v) { v.AddExtent(Extent(Coord3D(), one), 102); }}};
+  for (const auto& [expected, change] : changes) {
+    const long allocations = faults::ForEveryAllocation([&, &make = change](long k, bool all) {
+      Voxelation target(original);
+      if (!faults::RunsOutOfMemory(k, all, [&] { make(target); })) {
+        return false;
+      }
+      std::vector<IDs> left = Contents(target);
+      std::for_each(left.begin(), left.end(), [](IDs& ids) { ids.erase(102); });
+      EXPECT_EQ(left, Contents(original));
+      make(target);
+      Voxelation undisturbed(original);
+      make(undisturbed);
+      EXPECT_EQ(Contents(target), Contents(undisturbed));
+      return true;
+    });
+    EXPECT_EQ(allocations, expected);
+  }
 }
 
 TEST(IdList, GrowsWithDistinctIdentifiersOnly) {

@@ -112,7 +112,8 @@ class ZYL_GEOMETRY_API Polyline3D {
   /// Both are the vertex itself where there is no normal.
   void GetPointNormals(std::vector<Point3D>& first, std::vector<Point3D>& second,
                        const double& offset);
-  /// Whether the polyline runs clockwise, seen against the polygon normal. False if it is empty.
+  /// Whether the polyline runs clockwise, seen against the polygon normal. False if it is empty,
+  /// and if memory runs out.
   bool IsClockwise() const;
   /// Whether `p` lies on an edge, the closing edge of a closed polyline included.
   ///
