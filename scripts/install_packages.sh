@@ -48,7 +48,7 @@ for group in "$@"; do
 done
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
-  fail "this is no Debian system; install what corresponds to ${wanted[*]}"
+  fail "this is no Debian system: install what corresponds to ${wanted[*]}, then build with CMake"
 fi
 
 architecture=$(dpkg --print-architecture)
@@ -58,11 +58,16 @@ for package in "${wanted[@]}"; do
 done
 if [ ${#missing[@]} -eq 0 ]; then
   echo "== Nothing to install, all are there: ${wanted[*]}"
-  exit 0
+else
+  echo "== Install ${missing[*]}"
+  sudo=$(elevation) || fail "not root, and no sudo: have root run apt-get install ${missing[*]}"
+  $sudo apt-get update || echo "== Not all lists of packages could be read; going on with those at hand"
+  $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+    "${missing[@]}" || fail "apt-get failed; with a network, try again: apt-get install ${missing[*]}"
 fi
 
-echo "== Install ${missing[*]}"
-sudo=$(elevation) || fail "cannot install without root or sudo: ${missing[*]}"
-$sudo apt-get update || echo "== Not all lists of packages could be read; going on with those at hand"
-$sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
-  "${missing[@]}" || fail "cannot install ${missing[*]}"
+if command -v cmake >/dev/null; then
+  version=$(cmake --version | sed -n 's/^cmake version //p')
+  dpkg --compare-versions "$version" ge 3.25 ||
+    fail "$(command -v cmake) is $version: have CMake 3.25 or newer come first in PATH (cmake.org)"
+fi

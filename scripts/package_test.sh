@@ -74,15 +74,16 @@ try_fresh() {
   rm -rf "$root"
   debootstrap --variant=minbase bookworm "$root" "${DEBIAN_MIRROR:-http://deb.debian.org/debian}" \
     >"$build/debootstrap.log" || fail "cannot set up Debian, see $build/debootstrap.log"
-  mkdir "$root/try"
-  cp -r "$build/package/debs/"*.deb "$build/package/hosts/host" tests/package "$root/try"
+  mkdir -p "$root/try/tests"
+  cp "$build/package/debs/"*.deb "$build/package/hosts/host" README.md "$root/try"
+  cp -r tests/package "$root/try/tests"
 
   echo "== Install $(basename "$runtime")"
   inside apt-get install -y --no-install-recommends "/try/$(basename "$runtime")"
   inside /try/host
   echo "== Install $(basename "$dev")"
   inside apt-get install -y --no-install-recommends "/try/$(basename "$dev")" g++ cmake make pkg-config
-  inside /try/package/consumer.sh /usr /tmp/hosts
+  inside /try/tests/package/consumer.sh /usr /tmp/hosts
   echo "== Remove both"
   inside apt-get purge -y "$(field Package "$dev")" "$(field Package "$runtime")"
   [ -z "$(find "$root/usr" -ipath '*zylgeometry*')" ] || fail "something is left behind in $root/usr"

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds and runs a host against an installed library, found as a CMake package and by pkg-config.
+# Builds and runs two hosts against an installed library: main.cpp, found as a CMake package and by
+# pkg-config, and the first program of README.md, as it stands there.
 #
 #   consumer.sh <prefix> <scratch dir>
 #
@@ -15,6 +16,18 @@ if [ "$prefix" != /usr ]; then
   LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH")
   export PKG_CONFIG_PATH LD_LIBRARY_PATH
 fi
+
+# block <language>: the block of README.md in that language.
+block() {
+  sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/{/^\`\`\`/!p}" "$here/../../README.md"
+}
+
+mkdir -p "$scratch/readme"
+block cpp >"$scratch/readme/first.cpp"
+block cmake >"$scratch/readme/CMakeLists.txt"
+cmake -S "$scratch/readme" -B "$scratch/readme/build"
+cmake --build "$scratch/readme/build"
+[ "$("$scratch/readme/build/first")" = 10 ]
 
 cmake -S "$here/installed" -B "$scratch/cmake"
 cmake --build "$scratch/cmake"
