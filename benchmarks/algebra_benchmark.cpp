@@ -19,62 +19,48 @@ using zyl::geometry::Coord3D;
 using zyl::geometry::Matrix3;
 using zyl::geometry::Matrix4;
 
-// Kernels in both tongues; each takes two elements and returns one.
-struct Zyl {
-  using Vector = Coord3D;
-  using M3 = Matrix3;
-  using M4 = Matrix4;
+// What the two libraries spell differently.
+double Dot(const Coord3D& a, const Coord3D& b) { return a.Dot(b); }
+double Dot(const Eigen::Vector3d& a, const Eigen::Vector3d& b) { return a.dot(b); }
 
-  static double Dot(const Vector& a, const Vector& b) { return a.Dot(b); }
-  static Vector Cross(const Vector& a, const Vector& b) { return a.Cross(b); }
-  static Vector Normalise(const Vector& a, const Vector&) {
-    Vector unit = a;
-    unit.Normalise();
-    return unit;
-  }
-  template <typename Matrix>
-  static Vector Apply(const Matrix& m, const Vector& p) {
-    return m * p;
-  }
-  template <typename Matrix>
-  static Matrix Product(const Matrix& a, const Matrix& b) {
-    return a * b;
-  }
-  template <typename Matrix>
-  static double Determinant(const Matrix& a, const Matrix&) {
-    return a.Det();
-  }
-  template <typename Matrix>
-  static Matrix Inverse(const Matrix& a, const Matrix&) {
-    return a.Inverse();
-  }
-};
+Coord3D Cross(const Coord3D& a, const Coord3D& b) { return a.Cross(b); }
+Eigen::Vector3d Cross(const Eigen::Vector3d& a, const Eigen::Vector3d& b) { return a.cross(b); }
 
-struct Peer {
-  using Vector = Eigen::Vector3d;
-  using M3 = Eigen::Matrix3d;
-  using M4 = Eigen::Matrix4d;
+Coord3D Unit(Coord3D a) {
+  a.Normalise();
+  return a;
+}
+Eigen::Vector3d Unit(const Eigen::Vector3d& a) { return a / a.norm(); }
 
-  static double Dot(const Vector& a, const Vector& b) { return a.dot(b); }
-  static Vector Cross(const Vector& a, const Vector& b) { return a.cross(b); }
-  static Vector Normalise(const Vector& a, const Vector&) { return a / a.norm(); }
-  static Vector Apply(const M3& m, const Vector& p) { return m * p; }
-  static Vector Apply(const M4& m, const Vector& p) {
-    return m.topLeftCorner<3, 3>() * p + m.topRightCorner<3, 1>();
+template <typename Matrix>
+Coord3D Apply(const Matrix& m, const Coord3D& p) {
+  return m * p;
+}
+Eigen::Vector3d Apply(const Eigen::Matrix3d& m, const Eigen::Vector3d& p) { return m * p; }
+Eigen::Vector3d Apply(const Eigen::Matrix4d& m, const Eigen::Vector3d& p) {
+  return m.topLeftCorner<3, 3>() * p + m.topRightCorner<3, 1>();
+}
+
+double Determinant(const Matrix3& a) { return a.Det(); }
+double Determinant(const Matrix4& a) { return a.Det(); }
+template <int N>
+double Determinant(const Eigen::Matrix<double, N, N>& a) {
+  return a.determinant();
+}
+
+// Both refuse a determinant of exactly 0.
+Matrix3 Inverse(const Matrix3& a) { return a.Inverse(); }
+Matrix4 Inverse(const Matrix4& a) { return a.Inverse(); }
+template <int N>
+Eigen::Matrix<double, N, N> Inverse(const Eigen::Matrix<double, N, N>& a) {
+  Eigen::Matrix<double, N, N> inverse;
+  bool invertible = false;
+  a.computeInverseWithCheck(inverse, invertible, 0.0);
+  if (!invertible) {
+    throw Matrix3::NonInvertableException();
   }
-  template <typename Matrix>
-  static Matrix Product(const Matrix& a, const Matrix& b) {
-    return a * b;
-  }
-  template <typename Matrix>
-  static double Determinant(const Matrix& a, const Matrix&) {
-    return a.determinant();
-  }
-  template <typename Matrix>
-  static Matrix Inverse(const Matrix& a, const Matrix&) {
-    return a.inverse();
-  }
-};
+  return inverse;
+}
 
 constexpr std::size_t kCount = 64;
 
@@ -91,65 +77,56 @@ std::vector<T> RandomArray(unsigned seed) {
   return array;
 }
 
-template <typename A, typename B, typename Kernel>
-void Pairwise(benchmark::State& state, Kernel kernel) {
-  const std::vector<A> a = RandomArray<A>(1);
-  const std::vector<B> b = RandomArray<B>(2);
-  std::vector<decltype(kernel(a[0], b[0]))> out(kCount);
-  for (auto _ : state) {
-    for (std::size_t i = 0; i < kCount; ++i) {
-      out[i] = kernel(a[i], b[i]);
+// The kernel takes an element of each of two arrays.
+template <typename Element, typename Kernel>
+void Add(const std::string& name, Kernel kernel) {
+  benchmark::RegisterBenchmark(name.c_str(), [kernel](benchmark::State& state) {
+    const std::vector<Element> a = RandomArray<Element>(1);
+    const std::vector<Element> b = RandomArray<Element>(2);
+    std::vector<decltype(kernel(a[0], b[0]))> out(kCount);
+    for (auto _ : state) {
+      for (std::size_t i = 0; i < kCount; ++i) {
+        out[i] = kernel(a[i], b[i]);
+      }
+      benchmark::DoNotOptimize(out.data());
+      benchmark::ClobberMemory();
     }
-    benchmark::DoNotOptimize(out.data());
-    benchmark::ClobberMemory();
-  }
-  state.SetItemsProcessed(state.iterations() * static_cast<benchmark::IterationCount>(kCount));
+    state.SetItemsProcessed(state.iterations() * static_cast<benchmark::IterationCount>(kCount));
+  });
 }
 
-// One matrix on many points, as maps are used.
-template <typename Side, typename Matrix>
-void Points(benchmark::State& state) {
-  const Matrix m = RandomArray<Matrix>(3)[0];
-  using Vector = typename Side::Vector;
-  Pairwise<Vector, Vector>(
-      state, [m](const Vector& p, const Vector&) -> Vector { return Side::Apply(m, p); });
+template <typename Vector, typename Matrix>
+void AddMatrix(const std::string& size, const std::string& side) {
+  using M = const Matrix&;
+  using V = const Vector&;
+  // One matrix on many points, as maps are used.
+  Add<Vector>("points" + size + side,
+              [m = RandomArray<Matrix>(3)[0]](V p, V) -> Vector { return Apply(m, p); });
+  Add<Matrix>("product" + size + side, [](M a, M b) -> Matrix { return a * b; });
+  Add<Matrix>("determinant" + size + side, [](M a, M) { return Determinant(a); });
+  Add<Matrix>("inverse" + size + side, [](M a, M) { return Inverse(a); });
 }
 
-template <typename Side>
-void Register(const std::string& side) {
-  using V = typename Side::Vector;
-  using M3 = typename Side::M3;
-  using M4 = typename Side::M4;
-  const auto add = [&side](const std::string& name, auto&& body) {
-    benchmark::RegisterBenchmark((name + "/" + side).c_str(), body);
-  };
-  using State = benchmark::State;
-  add("dot", [](State& s) { Pairwise<V, V>(s, [](auto& a, auto& b) { return Side::Dot(a, b); }); });
-  add("cross",
-      [](State& s) { Pairwise<V, V>(s, [](auto& a, auto& b) { return Side::Cross(a, b); }); });
-  add("normalise",
-      [](State& s) { Pairwise<V, V>(s, [](auto& a, auto& b) { return Side::Normalise(a, b); }); });
-  add("points3", Points<Side, M3>);
-  add("points4", Points<Side, M4>);
-  add("product3",
-      [](State& s) { Pairwise<M3, M3>(s, [](auto& a, auto& b) { return Side::Product(a, b); }); });
-  add("product4",
-      [](State& s) { Pairwise<M4, M4>(s, [](auto& a, auto& b) { return Side::Product(a, b); }); });
-  add("determinant3", [](State& s) {
-    Pairwise<M3, M3>(s, [](auto& a, auto& b) { return Side::Determinant(a, b); });
-  });
-  add("determinant4", [](State& s) {
-    Pairwise<M4, M4>(s, [](auto& a, auto& b) { return Side::Determinant(a, b); });
-  });
-  add("inverse3",
-      [](State& s) { Pairwise<M3, M3>(s, [](auto& a, auto& b) { return Side::Inverse(a, b); }); });
-  add("inverse4",
-      [](State& s) { Pairwise<M4, M4>(s, [](auto& a, auto& b) { return Side::Inverse(a, b); }); });
+template <typename Vector, typename M3, typename M4>
+void AddSide(const std::string& side) {
+  using V = const Vector&;
+  Add<Vector>("dot" + side, [](V a, V b) { return Dot(a, b); });
+  Add<Vector>("cross" + side, [](V a, V b) { return Cross(a, b); });
+  Add<Vector>("normalise" + side, [](V a, V) { return Unit(a); });
+  AddMatrix<Vector, M3>("3", side);
+  AddMatrix<Vector, M4>("4", side);
+}
+
+template <typename Matrix>
+void AddUncheckedInverse(const std::string& name) {
+  Add<Matrix>(name, [](const Matrix& a, const Matrix&) -> Matrix { return a.inverse(); });
 }
 
 const bool kRegistered = [] {
-  Register<Zyl>("zyl");
-  Register<Peer>("eigen");
+  AddSide<Coord3D, Matrix3, Matrix4>("/zyl");
+  AddSide<Eigen::Vector3d, Eigen::Matrix3d, Eigen::Matrix4d>("/eigen");
+  AddUncheckedInverse<Eigen::Matrix3d>("inverse3/eigen_unchecked");
+  AddUncheckedInverse<Eigen::Matrix4d>("inverse4/eigen_unchecked");
   return true;
 }();
 

@@ -7,26 +7,34 @@
 // in ascending order, but all of a matrix are formed at once: those of a Matrix4 then share their
 // 2 × 2 minors, and each vector instruction does the work of two.
 
+#include <cstring>
+
 namespace zyl::geometry::internal {
 
-/// Two numbers that undergo the same arithmetic.
-struct Two {
-  double first;
-  double second;
-};
+/// Two numbers that undergo the same arithmetic, in one vector register.
+using Two [[gnu::vector_size(2 * sizeof(double))]] = double;
 
-inline Two operator+(Two a, Two b) { return {a.first + b.first, a.second + b.second}; }
-inline Two operator-(Two a, Two b) { return {a.first - b.first, a.second - b.second}; }
-inline Two operator*(Two a, double b) { return {a.first * b, a.second * b}; }
-inline Two operator*(double a, Two b) { return {a * b.first, a * b.second}; }
+/// Reads and writes where nothing is aligned to more than a double.
+inline Two Load(const double* from) {
+  Two numbers;
+  std::memcpy(&numbers, from, sizeof numbers);
+  return numbers;
+}
+inline void Store(Two numbers, double* to) { std::memcpy(to, &numbers, sizeof numbers); }
 
 /// Two rows of a matrix side by side; indexed like one of them.
 template <int N>
 class TwoRows {
  public:
   TwoRows(const double (&first)[N], const double (&second)[N]) {
-    for (int c = 0; c < N; ++c) {
-      columns_[c] = {first[c], second[c]};
+    for (int c = 0; c + 1 < N; c += 2) {
+      const Two a = Load(first + c);
+      const Two b = Load(second + c);
+      columns_[c] = Two{a[0], b[0]};
+      columns_[c + 1] = Two{a[1], b[1]};
+    }
+    if (N % 2 == 1) {
+      columns_[N - 1] = Two{first[N - 1], second[N - 1]};
     }
   }
   Two operator[](int c) const { return columns_[c]; }
@@ -100,33 +108,44 @@ struct Minors<3> {
 };
 
 /// Expansion along the first column.
-template <int N>
-double Expand(const double (&m)[N][N], const Minors<N>& minors) {
+inline double Expand(const double (&m)[3][3], const Minors<3>& minors) {
   const Two upper = minors.upper.without[0];
-  const auto lower = minors.lower.without[0];
-  if constexpr (N == 3) {
-    return m[0][0] * upper.first - m[1][0] * upper.second + m[2][0] * lower;
-  } else {
-    return m[0][0] * upper.first - m[1][0] * upper.second + m[2][0] * lower.first -
-           m[3][0] * lower.second;
-  }
+  return m[0][0] * upper[0] - m[1][0] * upper[1] + m[2][0] * minors.lower.without[0];
 }
 
-inline void Store(Two minors, Two factors, double* out) {
-  out[0] = minors.first * factors.first;
-  out[1] = minors.second * factors.second;
+inline double Expand(const double (&m)[4][4], const Minors<4>& minors) {
+  const Two upper = minors.upper.without[0];
+  const Two lower = minors.lower.without[0];
+  return m[0][0] * upper[0] - m[1][0] * upper[1] + m[2][0] * lower[0] - m[3][0] * lower[1];
 }
-inline void Store(double minor, Two factors, double* out) { out[0] = minor * factors.first; }
 
-/// Transposed minors times `factor`, with the signs of cofactors.
-template <typename Matrix, int N>
-Matrix Adjugate(const Minors<N>& minors, double factor) {
+/// Transposed minors times `factor`, with the signs of cofactors. The elements are written two at
+/// a time from the first on, as the caller's copy will read them: a read across two recent writes
+/// has to wait for both.
+template <typename Matrix>
+Matrix Adjugate(const Minors<3>& minors, double factor) {
+  const auto& upper = minors.upper.without;
+  const auto& lower = minors.lower.without;
+  const Two factors{factor, -factor};
+  Matrix adjugate;
+  double* const out = adjugate.m[0];
+  Store(upper[0] * factors, out);
+  Store(Two{lower[0], upper[1][0]} * factors, out + 2);
+  Store(Two{upper[1][1], lower[1]} * factors, out + 4);
+  Store(upper[2] * factors, out + 6);
+  out[8] = lower[2] * factor;
+  return adjugate;
+}
+
+template <typename Matrix>
+Matrix Adjugate(const Minors<4>& minors, double factor) {
   const Two even{factor, -factor};
   const Two odd{-factor, factor};
   Matrix adjugate;
-  for (int c = 0; c < N; ++c) {
-    Store(minors.upper.without[c], c % 2 == 0 ? even : odd, &adjugate.m[c][0]);
-    Store(minors.lower.without[c], c % 2 == 0 ? even : odd, &adjugate.m[c][2]);
+  for (int c = 0; c < 4; ++c) {
+    const Two factors = c % 2 == 0 ? even : odd;
+    Store(minors.upper.without[c] * factors, &adjugate.m[c][0]);
+    Store(minors.lower.without[c] * factors, &adjugate.m[c][2]);
   }
   return adjugate;
 }
