@@ -90,6 +90,13 @@ bool IsWithin(double value, double a, double b, double tolerance) {
   return value >= low - tolerance && value <= high + tolerance;
 }
 
+// Not the negation of IsWithin: NaN is neither.
+bool IsBeyond(double value, double a, double b, double tolerance) {
+  const double low = b > a ? a : b;
+  const double high = b > a ? b : a;
+  return value < low - tolerance || value > high + tolerance;
+}
+
 // Strict, and of the cross product: the distance of p from the line times the length of the edge.
 bool IsOnEdgeXY(const Point3D& p, const Point3D& a, const Point3D& b, double tolerance) {
   const double t = tolerance < 0.0 ? kDefaultTolerance : tolerance;
@@ -99,9 +106,11 @@ bool IsOnEdgeXY(const Point3D& p, const Point3D& a, const Point3D& b, double tol
   return t > std::fabs((a.y - p.y) * (b.x - a.x) - (a.x - p.x) * (b.y - a.y));
 }
 
+// What is not shown to be off the edge is on it. On an edge so short that the square of its squared
+// length vanishes, the distance from the line is NaN, and the box decides.
 bool IsOnEdgeInSpace(const Point3D& p, const Point3D& a, const Point3D& b, double tolerance) {
-  if (!IsWithin(p.x, a.x, b.x, tolerance) || !IsWithin(p.y, a.y, b.y, tolerance) ||
-      !IsWithin(p.z, a.z, b.z, tolerance)) {
+  if (IsBeyond(p.x, a.x, b.x, tolerance) || IsBeyond(p.y, a.y, b.y, tolerance) ||
+      IsBeyond(p.z, a.z, b.z, tolerance)) {
     return false;
   }
   const Coord3D edge = Coord3D(b) - Coord3D(a);
@@ -110,7 +119,7 @@ bool IsOnEdgeInSpace(const Point3D& p, const Point3D& a, const Point3D& b, doubl
     return false;
   }
   const Coord3D across = (Coord3D(p) - Coord3D(a)).Cross(edge).Cross(edge);
-  return std::sqrt(across.MagnitudeSquared() / (length2 * length2)) <= tolerance;
+  return !(std::sqrt(across.MagnitudeSquared() / (length2 * length2)) > tolerance);
 }
 
 }  // namespace
@@ -129,6 +138,7 @@ void Polyline3D::GetPolygonNormal(Direction& normal) const {
 
 void Polyline3D::GetPointNormals(std::vector<Point3D>& first, std::vector<Point3D>& second,
                                  const double& offset) {
+  const double distance = offset;  // it may be in one of the vectors that grow
   Direction normal;
   GetPolygonNormal(normal);
   const std::size_t n = points_.size();
@@ -137,8 +147,8 @@ void Polyline3D::GetPointNormals(std::vector<Point3D>& first, std::vector<Point3
     const Direction after = UnitFrom(points_[i], points_[(i + 1) % n]);
     Direction side = normal.Cross(before + after);
     side.Normalize();
-    first.push_back(Offset(points_[i], side, offset));
-    second.push_back(Offset(points_[i], side, -offset));
+    first.push_back(Offset(points_[i], side, distance));
+    second.push_back(Offset(points_[i], side, -distance));
   }
 }
 

@@ -89,7 +89,10 @@ TEST(PointNormals, LieToTheLeftAndToTheRightOfTheWay) {
 
   Polyline3D line(Points{{0, 0, 0}, {1, 1, 0}, {2, 2, 0}});
   left.clear(), right.clear();
-  line.GetPointNormals(left, right, 5.0);
+  right.emplace_back(5, 0, 0);
+  right.shrink_to_fit();
+  line.GetPointNormals(left, right, right[0].x);  // which moves while the offset is in use
+  right.erase(right.begin());
   EXPECT_TRUE(left == line.GetPointVector() && right == line.GetPointVector());
 }
 
@@ -127,7 +130,8 @@ TEST(IsPointOnEdge, MeasuresADistanceInSpaceAndACrossProductInXY) {
                {dot, {1.005, 1, 7}, -1, true, false},
                {dot, {1.02, 1, 7}, -1, false, false},
                {Polyline3D(), {0, 0, 0}, 1, false, false},
-               {road, {NAN, 0, 0}, 1, false, false}};
+               {Polyline3D(Points{{0, 0, 0}, {9e-82, 0, 0}}), {4e-82, 0, 0}, 1e-6, true, true},
+               {road, {NAN, 0, 0}, 1, false, true}};
   for (const auto& [polyline, p, tolerance, inXY, inSpace] : cases) {
     EXPECT_EQ(polyline.IsPointOnEdge(p, true, tolerance), inXY) << p.x << ", " << tolerance;
     EXPECT_EQ(polyline.IsPointOnEdge(p, false, tolerance), inSpace) << p.x << ", " << tolerance;

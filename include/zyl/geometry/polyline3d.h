@@ -117,9 +117,11 @@ class ZYL_GEOMETRY_API Polyline3D {
   bool IsClockwise() const;
   /// Whether `p` lies on an edge, the closing edge of a closed polyline included.
   ///
-  /// In space `tolerance` is a distance. In x-y it is compared with |edge × (p − edge start)|,
-  /// which is the distance times the length of the edge, and has to be greater than it: with 0
-  /// nothing is on an edge. A negative tolerance stands for 0.01 in x-y.
+  /// In space `tolerance` is a distance. An edge without length holds nothing; otherwise what is
+  /// not shown to be off an edge is on it, a point with NaN coordinates included. In x-y
+  /// `tolerance` is compared with |edge × (p − edge start)|, which is the distance times the length
+  /// of the edge, and has to be greater than it: with 0 nothing is on an edge. A negative tolerance
+  /// stands for 0.01 in x-y.
   bool IsPointOnEdge(const Point3D& p, bool inXY, double tolerance) const;
 
   /// Appends (x, y, z). The closed flag is not set, even if the point repeats the first.
