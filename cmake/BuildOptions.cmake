@@ -21,7 +21,11 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|AMD64|i.86")
   target_compile_options(zylGeometryBuildOptions INTERFACE -mno-fma -mno-avx512f)
 endif()
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86|AMD64")
-  target_compile_options(zylGeometryBuildOptions INTERFACE -msse2 -mfpmath=sse)
+  target_compile_options(zylGeometryBuildOptions INTERFACE -msse2)
+  # The x87, for those who ask for it, is told to round to double as it goes: see exactinit.
+  if(NOT CMAKE_CXX_FLAGS MATCHES "-mfpmath=")
+    target_compile_options(zylGeometryBuildOptions INTERFACE -mfpmath=sse)
+  endif()
 endif()
 
 target_compile_options(zylGeometryBuildOptions INTERFACE

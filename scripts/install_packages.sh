@@ -9,7 +9,10 @@ packages_of() {
   case $1 in
     build) echo g++ cmake make libtbb-dev ;;
     test) echo "$(packages_of build)" libgtest-dev libgmp-dev pkg-config dpkg-dev file ;;
-    check) echo clang clang-format clang-tidy libclang-rt-dev llvm g++-mingw-w64-i686-posix ;;
+    check)
+      echo clang clang-format clang-tidy libclang-rt-dev llvm valgrind g++-mingw-w64-i686-posix \
+        g++-multilib libgtest-dev:i386 libgmp-dev:i386
+      ;;
     package) echo dpkg-dev file pkg-config debootstrap ;;
     docs) echo doxygen graphviz ;;
     bench) echo "$(packages_of build)" libbenchmark-dev libcgal-dev libeigen3-dev libgeos-dev ;;
@@ -22,10 +25,12 @@ fail() {
   exit 1
 }
 
-# For the machine's own architecture; another one's may stand beside it.
+# For the architecture behind the colon, or the machine's own; another one's may stand beside it.
 is_installed() {
+  local wanted=$architecture
+  [[ $1 != *:* ]] || wanted=${1#*:}
   dpkg-query -W -f '${Architecture} ${db:Status-Status}\n' "$1" 2>/dev/null |
-    grep -qxE "(all|$architecture) installed"
+    grep -qxE "(all|$wanted) installed"
 }
 
 # Prints the command that gives the rights to install, which is nothing for root.
@@ -61,6 +66,9 @@ if [ ${#missing[@]} -eq 0 ]; then
 else
   echo "== Install ${missing[*]}"
   sudo=$(elevation) || fail "not root, and no sudo: have root run apt-get install ${missing[*]}"
+  if [[ ${missing[*]} == *:i386* ]]; then
+    $sudo dpkg --add-architecture i386
+  fi
   $sudo apt-get update || echo "== Not all lists of packages could be read; going on with those at hand"
   $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
     "${missing[@]}" || fail "apt-get failed; with a network, try again: apt-get install ${missing[*]}"
