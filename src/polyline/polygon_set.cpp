@@ -73,6 +73,17 @@ int FirstPointOf(const PolygonSet& set, int polygonId) {
   return -1;
 }
 
+// Whether the polygon whose points begin at `start` has a vertex there.
+bool HasVertex(const PolygonSet& set, int start, double x, double y, double z) {
+  const PolygonSetPoint* const p = set.points;
+  for (int i = start; i < set.pointCount && p[i].polygonId == p[start].polygonId; ++i) {
+    if (p[i].x == x && p[i].y == y && p[i].z == z) {
+      return true;
+    }
+  }
+  return false;
+}
+
 bool Grow(PolygonSet& set) {
   if (set.capacity > INT_MAX - kGrowth) {
     return false;
@@ -218,12 +229,16 @@ int PolygonSet_FindPolygon(const PolygonSet* set, int polygonId, int* polygonInd
 
 int PolygonSet_IsPointInside(PolygonSet* set, int polygonId, double x, double y, double z) {
   int g = -1;
-  if (PolygonSet_FindPolygon(set, polygonId, &g) < 0 || g < 0 || g >= set->triangulationCount ||
-      set->triangulations[g] == nullptr) {
+  const int start = PolygonSet_FindPolygon(set, polygonId, &g);
+  if (start < 0 || g < 0 || g >= set->triangulationCount || set->triangulations[g] == nullptr) {
     return 0;
   }
   const double point[3] = {x, y, z};
-  return tri_Locate_Point(set->triangulations[g], point, nullptr, 0.0) == kOutside ? 0 : 1;
+  if (tri_Locate_Point(set->triangulations[g], point, nullptr, 0.0) != kOutside) {
+    return 1;
+  }
+  // A vertex as good as on another one is not in the triangulation, but belongs to the boundary.
+  return HasVertex(*set, start, x, y, z) ? 1 : 0;
 }
 
 double PolygonSet_SignedArea(const PolygonSet* set, int polygonId) {

@@ -29,7 +29,7 @@ void tri_Scan::Run(int start) {
     }
     ++path.back().edge;
     const int neighbour = neighbours_[3 * t + k] - 1;
-    if (neighbour >= 0 && MayCross(t, k) && Enter(neighbour)) {
+    if (MayCross(t, k) && neighbour >= 0 && Enter(neighbour)) {
       Propagate(t, k, neighbour);
       path.push_back({neighbour, 0});
     }

@@ -183,6 +183,14 @@ TEST(IsPointInside, AgreesWithTheEvenOddRuleOnTangledRings) {
   CheckGridWalks(150, 16, 40, random);
 }
 
+// The fourth is as good as on the third, and one with it in the triangulation.
+TEST(IsPointInside, HoldsForEveryVertex) {
+  const Ring2 ring = {{-1, 0}, {0, -1}, {1, -3e-9}, {1 + 5e-9, 2e-9}, {0, 1}};
+  for (const Point2& vertex : ring) {
+    EXPECT_TRUE(OnTheGround(ring, 1).IsPointInside(vertex[0], vertex[1], 0)) << vertex[0];
+  }
+}
+
 // Rings that run back over themselves and are crossed in between, at points that are rounded. Taken
 // at their word, their triangles give the wrong answer at the points asked for.
 TEST(IsPointInside, DoesNotRelyOnTrianglesThatAreUnsound) {
@@ -190,6 +198,7 @@ TEST(IsPointInside, DoesNotRelyOnTrianglesThatAreUnsound) {
     const char* fault;
     std::vector<double> ring;
     Point2 point;
+    double unit = 1.0 / 16384;
   } cases[] = {{"marks differ across what is no boundary",
                 {-6, -1, 2, 7, -6, 1, -2, -7, -3, 3, 2, 7},
                 {-5, -0.5}},
@@ -201,11 +210,16 @@ TEST(IsPointInside, DoesNotRelyOnTrianglesThatAreUnsound) {
                {"an edge is missing",
                 {-4, -8, 7,  1,  -6, -8, 7,  2,  0,  -8, 2, 7, -7, -1,
                  5,  -8, -3, -3, 1,  -8, -6, -7, -6, -8, 7, 1, -6, -8},
-                {2, -8}}};
-  for (const auto& [fault, coordinates, p] : cases) {
-    constexpr double kUnit = 1.0 / 16384;
+                {2, -8}},
+               {"there is a hole, and boundaries cross at the point",
+                {0,  0,  4,  3,  5,   8, 3,   2,  3,   7,  5,   8,  0,   6,  60, 0,  64, 4,
+                 60, 4,  64, 0,  60,  0, 0,   6,  0,   0,  -4,  -3, -5,  -8, -3, -2, -3, -7,
+                 -5, -8, 0,  -6, -60, 0, -64, -4, -60, -4, -64, 0,  -60, 0,  0,  -6},
+                {62, 2},
+                0x1p30}};
+  for (const auto& [fault, coordinates, p, unit] : cases) {
     const Ring2 ring = rings::Of(coordinates);
-    EXPECT_EQ(OnTheGround(ring, kUnit).IsPointInside(p[0] * kUnit, p[1] * kUnit, 0),
+    EXPECT_EQ(OnTheGround(ring, unit).IsPointInside(p[0] * unit, p[1] * unit, 0),
               EvenOdd(ring, p) != Place::kOutside)
         << fault;
   }

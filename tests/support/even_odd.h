@@ -24,12 +24,23 @@ inline bool IsOnSegment(const Point2& a, const Point2& b, const Point2& q) {
          Orient2D(a.data(), b.data(), q.data()) == 0;
 }
 
-/// On the boundary is a vertex, and what lies on an odd number of edges: a piece that the ring runs
-/// along twice separates nothing from nothing. Everything else is inside if a ray from it to the
-/// right crosses an odd number of edges, those with just one end above the ray.
+/// Whether the two segments cross at one point that is an end of neither.
+inline bool CrossProperly(const Point2& a, const Point2& b, const Point2& c, const Point2& d) {
+  const int cSide = Orient2D(a.data(), b.data(), c.data());
+  const int dSide = Orient2D(a.data(), b.data(), d.data());
+  const int aSide = Orient2D(c.data(), d.data(), a.data());
+  const int bSide = Orient2D(c.data(), d.data(), b.data());
+  return cSide * dSide < 0 && aSide * bSide < 0;
+}
+
+/// On the boundary is a vertex, where two edges cross, and what lies on an odd number of edges: a
+/// piece that the ring runs along twice separates nothing from nothing. Everything else is inside
+/// if a ray from it to the right crosses an odd number of edges, those with just one end above the
+/// ray.
 inline Place EvenOdd(const Ring2& ring, const Point2& q) {
   bool inside = false;
   bool onEdge = false;
+  const Point2* last[2] = {nullptr, nullptr};  // the last edge that holds q
   for (std::size_t i = 0; i < ring.size(); ++i) {
     const Point2& a = ring[i];
     const Point2& b = ring[(i + 1) % ring.size()];
@@ -37,6 +48,11 @@ inline Place EvenOdd(const Ring2& ring, const Point2& q) {
       return Place::kBoundary;
     }
     if (IsOnSegment(a, b, q)) {
+      if (last[0] != nullptr && CrossProperly(*last[0], *last[1], a, b)) {
+        return Place::kBoundary;
+      }
+      last[0] = &a;
+      last[1] = &b;
       onEdge = !onEdge;
     } else if ((a[1] > q[1]) != (b[1] > q[1])) {
       const bool upward = b[1] > a[1];
@@ -72,15 +88,6 @@ inline bool HasArea(const Ring2& ring) {
     }
   }
   return false;
-}
-
-/// Whether the two segments cross at one point that is an end of neither.
-inline bool CrossProperly(const Point2& a, const Point2& b, const Point2& c, const Point2& d) {
-  const int cSide = Orient2D(a.data(), b.data(), c.data());
-  const int dSide = Orient2D(a.data(), b.data(), d.data());
-  const int aSide = Orient2D(c.data(), d.data(), a.data());
-  const int bSide = Orient2D(c.data(), d.data(), b.data());
-  return cSide * dSide < 0 && aSide * bSide < 0;
 }
 
 /// Whether q is on an edge that another one crosses. Where boundaries cross, a polygon has a corner

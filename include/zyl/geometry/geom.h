@@ -121,7 +121,8 @@ ZYL_GEOMETRY_API zyl::geometry::Orientation_e geom_InSphere(const zyl::geometry:
 /// direction the edges are given. All else in `out` stays as it was.
 /// INTERSECT2D_UNDEFINED is possible only by rounding: for edges that do cross but whose
 /// differences of coordinates, or the products of those, round to parallel directions. Edges
-/// without length, or with NaN coordinates, give INTERSECT2D_NONE.
+/// without length give INTERSECT2D_NONE, and so do NaN coordinates unless the other end of that
+/// edge lies on the other edge.
 ZYL_GEOMETRY_API zyl::geometry::Intersection2D_e geom_EdgeIntersectEdge2D(
     const zyl::geometry::Coord3D& a, const zyl::geometry::Coord3D& b,
     const zyl::geometry::Coord3D& c, const zyl::geometry::Coord3D& d,
