@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <string>
 
@@ -12,36 +11,39 @@ namespace determinism {
 /// Running FNV-1a hash (G. Fowler, L. C. Noll, P. Vo) over the bytes of everything added.
 class Digest {
  public:
-  void Add(double value) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    // The sign and payload of a NaN are the processor's choice.
-    AddBits(value == value ? bits : 0x7ff8000000000000u);
-  }
-  void Add(int value) { AddBits(static_cast<std::uint64_t>(static_cast<std::int64_t>(value))); }
-  void Add(bool value) { AddBits(value ? 1u : 0u); }
-  void Add(std::int64_t value) { AddBits(static_cast<std::uint64_t>(value)); }
-  void Add(const std::string& text) {
-    for (const char c : text) {
-      AddBits(static_cast<unsigned char>(c));
-    }
-  }
-  /// Anything with fields x, y and z.
-  template <class Point>
-  void AddPoint(const Point& p) {
-    Add(p.x);
-    Add(p.y);
-    Add(p.z);
+  /// Numbers, texts, and anything with fields x, y and z.
+  template <class... Values>
+  void Add(const Values&... values) {
+    (AddOne(values), ...);
   }
   void AddAll(const double* values, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
-      Add(values[i]);
+      AddOne(values[i]);
     }
   }
 
   std::uint64_t Value() const { return hash_; }
 
  private:
+  void AddOne(double value) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    // The sign and payload of a NaN are the processor's choice.
+    AddBits(value == value ? bits : 0x7ff8000000000000u);
+  }
+  void AddOne(int value) { AddOne(std::int64_t{value}); }
+  void AddOne(bool value) { AddOne(std::int64_t{value}); }
+  void AddOne(std::int64_t value) { AddBits(static_cast<std::uint64_t>(value)); }
+  void AddOne(const std::string& text) {
+    for (const char c : text) {
+      AddBits(static_cast<unsigned char>(c));
+    }
+  }
+  template <class Point>
+  void AddOne(const Point& p) {
+    Add(p.x, p.y, p.z);
+  }
+
   void AddBits(std::uint64_t bits) {
     for (int i = 0; i < 8; ++i) {
       hash_ = (hash_ ^ (bits & 0xff)) * 0x100000001b3u;
