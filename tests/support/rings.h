@@ -37,63 +37,57 @@ inline Point2 Polar(double radius, double angle) {
   return {radius * std::cos(angle), radius * std::sin(angle)};
 }
 
-// On one circle, as nearly as doubles allow.
-inline Ring2 Convex(std::size_t n, std::mt19937_64& random) {
-  std::vector<double> angles(n);
-  for (double& angle : angles) {
-    angle = Uniform(random, 0, kTurn);
-  }
-  std::sort(angles.begin(), angles.end());
+/// place(0) to place(n - 1).
+template <class Place>
+Ring2 Generate(std::size_t n, Place place) {
   Ring2 ring;
-  for (const double angle : angles) {
-    ring.push_back(Polar(1, angle));
+  for (std::size_t i = 0; i < n; ++i) {
+    ring.push_back(place(i));
   }
   return ring;
 }
 
+inline double Ratio(std::size_t i, std::size_t n) {
+  return static_cast<double>(i) / static_cast<double>(n);
+}
+
+// On one circle, as nearly as doubles allow.
+inline Ring2 Convex(std::size_t n, std::mt19937_64& random) {
+  std::vector<double> angles(n);
+  std::generate(angles.begin(), angles.end(), [&] { return Uniform(random, 0, kTurn); });
+  std::sort(angles.begin(), angles.end());
+  return Generate(n, [&](std::size_t i) { return Polar(1, angles[i]); });
+}
+
 inline Ring2 Concave(std::size_t n, std::mt19937_64& random) {
-  Ring2 ring;
-  for (std::size_t i = 0; i < n; ++i) {
-    const double angle = kTurn * static_cast<double>(i) / static_cast<double>(n);
-    ring.push_back(Polar(Uniform(random, 0.3, 1), angle));
-  }
-  return ring;
+  return Generate(
+      n, [&](std::size_t i) { return Polar(Uniform(random, 0.3, 1), kTurn * Ratio(i, n)); });
 }
 
 // Out along a spiral of nearly three turns, and back between them.
 inline Ring2 Spiral(std::size_t n, std::mt19937_64&) {
-  constexpr double kTurns = 2.9;
   const std::size_t out = n / 2;
-  Ring2 ring;
-  for (std::size_t i = 0; i < n; ++i) {
-    const bool back = i >= out;
-    const double along = back ? static_cast<double>(n - 1 - i) / static_cast<double>(n - out)
-                              : static_cast<double>(i) / static_cast<double>(out);
-    ring.push_back(Polar((back ? 0.15 : 0.3) + 0.7 * along, kTurn * kTurns * along));
-  }
-  return ring;
+  return Generate(n, [&](std::size_t i) {
+    const double along = i < out ? Ratio(i, out) : Ratio(n - 1 - i, n - out);
+    return Polar((i < out ? 0.3 : 0.15) + 0.7 * along, kTurn * 2.9 * along);
+  });
 }
 
 // A back at y = 0 and teeth up to y = 1.
 inline Ring2 Comb(std::size_t n, std::mt19937_64&) {
-  Ring2 ring = {{1, 0}, {0, 0}};
-  for (std::size_t i = 0; i + 2 < n; ++i) {
-    ring.push_back({static_cast<double>(i) / static_cast<double>(n - 2), i % 2 == 0 ? 0.1 : 1});
-  }
-  return ring;
+  return Generate(n, [&](std::size_t i) -> Point2 {
+    return i < 2 ? Point2{1.0 - static_cast<double>(i), 0}
+                 : Point2{Ratio(i - 2, n - 2), i % 2 == 0 ? 0.1 : 1};
+  });
 }
 
 // A thousand times as long as wide, with uneven sides.
 inline Ring2 Sliver(std::size_t n, std::mt19937_64& random) {
-  Ring2 ring;
   const std::size_t lower = n / 2;
-  for (std::size_t i = 0; i < n; ++i) {
-    const bool isUpper = i >= lower;
-    const double along = isUpper ? static_cast<double>(n - i) / static_cast<double>(n - lower)
-                                 : static_cast<double>(i) / static_cast<double>(lower);
-    ring.push_back({along, (isUpper ? 1e-3 : 0) + Uniform(random, 0, 4e-4)});
-  }
-  return ring;
+  return Generate(n, [&](std::size_t i) -> Point2 {
+    const double along = i < lower ? Ratio(i, lower) : Ratio(n - i, n - lower);
+    return {along, (i < lower ? 0 : 1e-3) + Uniform(random, 0, 4e-4)};
+  });
 }
 
 // A star that steps over nearly a third of its corners at a time and comes to each once.
@@ -102,32 +96,23 @@ inline Ring2 Star(std::size_t n, std::mt19937_64&) {
   while (std::gcd(step, n) != 1) {
     --step;
   }
-  Ring2 ring;
-  for (std::size_t i = 0; i < n; ++i) {
-    ring.push_back(Polar(1, kTurn * static_cast<double>(i * step) / static_cast<double>(n)));
-  }
-  return ring;
+  return Generate(n, [&](std::size_t i) { return Polar(1, kTurn * Ratio(i * step, n)); });
 }
 
 // Swirling arms around a core: constraints that leave walks little choice but to go round.
 inline Ring2 Pinwheel(std::size_t arms, double twist) {
-  Ring2 ring;
-  for (std::size_t i = 0; i < arms; ++i) {
-    const double angle = kTurn * static_cast<double>(i) / static_cast<double>(arms);
-    ring.push_back(Polar(0.2, angle));
-    ring.push_back(Polar(1, angle + twist));
-  }
-  return ring;
+  return Generate(2 * arms, [&](std::size_t i) {
+    const double angle = kTurn * Ratio(i / 2, arms);
+    return i % 2 == 0 ? Polar(0.2, angle) : Polar(1, angle + twist);
+  });
 }
 
 // Anywhere in a square, and then back over most of the way: pieces run along each other that others
 // cross in between, at points that are rounded.
 inline Ring2 Retraced(std::size_t n, std::mt19937_64& random) {
-  Ring2 ring;
-  for (std::size_t i = 0; i < (n + 2) / 2; ++i) {
-    const double x = Uniform(random, -1, 1);
-    ring.push_back({x, Uniform(random, -1, 1)});
-  }
+  Ring2 ring = Generate((n + 2) / 2, [&](std::size_t) {
+    return Point2{Uniform(random, -1, 1), Uniform(random, -1, 1)};
+  });
   for (std::size_t i = ring.size() - 1; i-- > 1;) {
     if (random() % 3 != 0) {
       ring.push_back(ring[i]);
@@ -138,15 +123,8 @@ inline Ring2 Retraced(std::size_t n, std::mt19937_64& random) {
 
 // Closed walk between the points of a small grid: crosses, touches and repeats itself at will.
 inline Ring2 GridWalk(std::size_t n, int side, std::mt19937_64& random) {
-  Ring2 ring;
-  for (std::size_t i = 0; i < n; ++i) {
-    const auto coordinate = [&] {
-      return static_cast<double>(random() % static_cast<unsigned>(side + 1));
-    };
-    const double x = coordinate();
-    ring.push_back({x, coordinate()});
-  }
-  return ring;
+  const auto next = [&] { return static_cast<double>(random() % static_cast<unsigned>(side + 1)); };
+  return Generate(n, [&](std::size_t) { return Point2{next(), next()}; });
 }
 
 // A plane in space: its points are origin + s·u + t·v.

@@ -6,10 +6,13 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <numeric>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "predicates/predicates.h"
+#include "support/hand_made.h"
 #include "support/mesh_checker.h"
 
 namespace {
@@ -21,41 +24,14 @@ using mesh::kJoined;
 using mesh::kLoose;
 using mesh::Lines;
 using mesh::Points;
-using mesh::Segments;
 using mesh::Triangulate;
 using mesh::Triangulation;
 
 double Unit(std::mt19937_64& random) { return std::uniform_real_distribution<>(0, 1)(random); }
 
-// Segments along the edge between two positions, empty if there is no such edge.
-Segments Along(const Triangulation& mesh, double ax, double ay, double bx, double by) {
-  const auto isAt = [&](int number, double x, double y) {
-    const TPoint& v = mesh.vertices[static_cast<std::size_t>(number - 1)];
-    return v.x == x && v.y == y;
-  };
-  for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
-    for (std::size_t k = 0; k < 3; ++k) {
-      const int a = mesh.triangles[t][k], b = mesh.triangles[t][(k + 1) % 3];
-      if ((isAt(a, ax, ay) && isAt(b, bx, by)) || (isAt(b, ax, ay) && isAt(a, bx, by))) {
-        return mesh.segments[t][k];
-      }
-    }
-  }
-  return {};
-}
-
-TEST(Breaklines, SegmentsAlongTheSameEdgeAreListedNewestFirst) {
-  const Points points = Lines({{0, 0, 9, 0, 6, 0, 6, 0}, {3, 0}, {4, 5}});
-  const Triangulation mesh = Triangulate(points);
-  EXPECT_EQ(Along(mesh, 0, 0, 3, 0), (Segments{{0, 1}}));
-  EXPECT_EQ(Along(mesh, 3, 0, 6, 0), (Segments{{0, 1}}));
-  EXPECT_EQ(Along(mesh, 6, 0, 9, 0), (Segments{{1, 2}, {0, 1}}));  // and none from 6 to 6
-  Check(points, mesh);
-}
-
 TEST(Breaklines, WhereTwoCrossTheyShareANewVertexAtTheirMeanHeight) {
-  Points points = Lines({{0, 0, 4, 4}, {0, 4, 4, 0}});
-  points[1].z = 4, points[2].z = 10, points[3].z = 2;
+  Points points = Lines({{0, 0, 8, 8}, {1, 3, 3, 1}});
+  points[1].z = 8, points[2].z = 10, points[3].z = 2;  // a quarter and half of the way
   const Triangulation mesh = Triangulate(points);
   ASSERT_EQ(mesh.vertices.size(), 5u);
   const TPoint& crossing = mesh.vertices[4];
@@ -79,20 +55,24 @@ TEST(Breaklines, ParallelsThatCrossMeetInTheMiddleOfTheOlder) {
   Check(points, mesh);
 }
 
+// Straight, the segment is one edge between two triangles.
 TEST(Breaklines, AToleranceBendsASegmentToAVertexBesideIt) {
   const Points points = Lines({{0, 0, 10, 0}, {5, 0.5}, {5, 5}, {5, -5}});
-  EXPECT_EQ(Along(Triangulate(points, 0.4, 0.04), 0, 0, 10, 0), (Segments{{0, 1}}));
-  EXPECT_EQ(Along(Triangulate(points, 0.5, 0), 0, 0, 5, 0.5), (Segments{{0, 1}}));
-  EXPECT_EQ(Along(Triangulate(points, 0, 0.06), 5, 0.5, 10, 0), (Segments{{0, 1}}));
+  const auto edges = [&](double nearTolerance, double relativeTolerance) {
+    std::size_t sides = 0;
+    for (const auto& triangle : Triangulate(points, nearTolerance, relativeTolerance).segments) {
+      sides += triangle[0].size() + triangle[1].size() + triangle[2].size();
+    }
+    return sides / 2;
+  };
+  EXPECT_EQ(edges(0.4, 0.04), 1u);
+  EXPECT_EQ(edges(0.5, 0), 2u);
+  EXPECT_EQ(edges(0, 0.06), 2u);
 }
 
 // (1, 2) is on the segment, but its squared distance from it is rounded to something above zero.
 TEST(Breaklines, AVertexExactlyOnASegmentIsOnItWhateverItsRoundedDistance) {
-  const Points points = Lines({{0, 0, 3, 6}, {1, 2}, {-0.2, 1}, {1, 0.8}, {0.6, 2.6}, {2, 2.2}});
-  const Triangulation mesh = Triangulate(points);
-  EXPECT_EQ(Along(mesh, 0, 0, 1, 2), (Segments{{0, 1}}));
-  EXPECT_EQ(Along(mesh, 1, 2, 3, 6), (Segments{{0, 1}}));
-  Check(points, mesh);
+  Check(Lines({{0, 0, 3, 6}, {1, 2}, {-0.2, 1}, {1, 0.8}, {0.6, 2.6}, {2, 2.2}}));
 }
 
 // Random sets, each checked for coverage and empty circles: `place` makes the points, every
@@ -247,12 +227,10 @@ TEST(Breaklines, NearlyCollinearSegmentsEnd) {
   tri_SetQuiet(0);
 }
 
-// Vertices and edges put together by hand, as no construction would leave them.
-class DamagedRings : public testing::Test {
+class DamagedRings : public mesh::HandMade {
  protected:
   DamagedRings() {
     exactinit();
-    Resupply(1000);
     state_.chain = &chain_;
     state_.flips = &flips_;
   }
@@ -265,37 +243,11 @@ class DamagedRings : public testing::Test {
     std::free(flips_.data);
   }
 
-  void Resupply(std::size_t edges) {
-    state_.freeEdges = nullptr;
-    state_.unusedEdges = edges_.data();
-    state_.unusedEnd = edges_.data() + edges;
-  }
-
-  void Place(const Points& points) {
-    points_ = points;
-    vertices_.clear();
-    identity_.clear();
-    for (const TPoint& p : points_) {
-      const int number = static_cast<int>(identity_.size());
-      vertices_.push_back({{p.x, p.y}, &p, nullptr, number, number});
-      identity_.push_back(number);
-    }
-    state_.points = points_.data();
-    state_.vertexCount = state_.pointCount = static_cast<int>(points_.size());
-  }
-
-  // Each new half-edge goes to the end of its ring.
-  TEdge* Join(std::size_t a, std::size_t b) {
-    const auto last = [](const TVertex& v) { return v.first ? v.first->prev : nullptr; };
-    TVertex &va = vertices_[a], &vb = vertices_[b];
-    return tri_Make_Edge(state_, &va, &vb, last(va), last(vb), false, false).edge;
-  }
-
-  void LegaliseAround(std::size_t v) { tri_Legalise_Around(state_, &vertices_[v]); }
-
   int Insert() {
-    return tri_Insert_Breaklines(state_, static_cast<int>(points_.size()), identity_.data(),
-                                 identity_.data(), vertices_.data());
+    std::vector<int> identity(points_.size());
+    std::iota(identity.begin(), identity.end(), 0);
+    return tri_Insert_Breaklines(state_, static_cast<int>(points_.size()), identity.data(),
+                                 identity.data(), vertices_.data());
   }
 
   // What `act` prints.
@@ -307,17 +259,12 @@ class DamagedRings : public testing::Test {
     return testing::internal::GetCapturedStdout();
   }
 
-  TrimakeState state_{};
   TArray chain_{0, 0, sizeof(TChainEntry), 10, nullptr};
   TArray flips_{0, 0, sizeof(TEdge*), 10, nullptr};
-  std::vector<TEdge> edges_{1000};
-  Points points_;
-  std::vector<TVertex> vertices_;
-  std::vector<int> identity_;
 };
 
 TEST_F(DamagedRings, ASegmentWithoutAWayFailsAndIsReported) {
-  Place(Lines({{0, 0}, {9, 0}, {0, 3, 9, 3}}));
+  Place(Lines({{0, 0}, {9, 0}, {0, 3, 9, 3}}), 20);
   Join(0, 1), Join(1, 2), Join(2, 0);
   for (const char* const message : {"**trimake, Error inserting breakline\n", ""}) {
     EXPECT_EQ(OutputOf([&] { EXPECT_EQ(Insert(), -1); }), message);
@@ -332,8 +279,8 @@ TEST_F(DamagedRings, RandomOnesFailWithoutHangingOrLosingEdges) {
   state_.quiet = true;
   std::mt19937_64 random(10);
   for (int round = 0; round < 3000; ++round) {
-    Place(Lines({{0, 0, 5, 1, 9, 0, 1, 4, 6, 5, 9, 4, 0, 9, 4, 8, 9, 9, 3, 3}}));
-    Resupply(52);  // hardly more than are used below
+    // Hardly more half-edges than are used.
+    Place(Lines({{0, 0, 5, 1, 9, 0, 1, 4, 6, 5, 9, 4, 0, 9, 4, 8, 9, 9, 3, 3}}), 52);
     for (int i = 0; i < 25; ++i) {
       const std::size_t a = random() % 10, b = random() % 10;
       if (a != b) {
@@ -342,56 +289,53 @@ TEST_F(DamagedRings, RandomOnesFailWithoutHangingOrLosingEdges) {
     }
     Insert();
     EXPECT_LT(state_.vertexCount, 1000);
-    for (const TVertex& v : vertices_) {
-      const TEdge* e = v.first;
-      for (int i = 0; e != nullptr && i < 100; ++i, e = e->next) {
-        ASSERT_EQ(e->twin->twin, e);
-        ASSERT_EQ(e->next->prev, e);
-      }
+    for (std::size_t v = 0; v < vertices_.size(); ++v) {
+      Around(v);
     }
+    ASSERT_FALSE(HasFailure()) << "seed 10, round " << round;
   }
 }
 
 // Beyond the triangle 0, 1, 2 is one that is turned over, whose corner is in the circle but not
 // across the edge.
 TEST_F(DamagedRings, AFlipThatWouldTurnATriangleIsRefused) {
-  Place(Lines({{0, 0}, {4, 0}, {2, 3}, {4, 1.5}}));
+  Place(Lines({{0, 0}, {4, 0}, {2, 3}, {4, 1.5}}), 20);
   Join(0, 3);
   const TEdge* const edge = Join(0, 1);
   Join(0, 2), Join(1, 3), Join(1, 2);
-  LegaliseAround(2);
-  EXPECT_EQ(edge->dest, &vertices_[1]);
+  tri_Legalise_Around(state_, V(2));
+  EXPECT_EQ(edge->dest, V(1));
 }
 
 // The in-circle value of a square of this size is inf − inf, which is no reason to flip.
 TEST_F(DamagedRings, AnInCircleValueThatIsNoNumberFlipsNothing) {
-  Place(Lines({{0, 0}, {1e160, 0}, {1e160, 1e160}, {0, 1e160}}));
+  Place(Lines({{0, 0}, {1e160, 0}, {1e160, 1e160}, {0, 1e160}}), 20);
   Join(0, 1);
   const TEdge* const diagonal = Join(0, 2);
   Join(0, 3), Join(1, 2), Join(2, 3);
-  LegaliseAround(1);
-  EXPECT_EQ(diagonal->dest, &vertices_[2]);
+  tri_Legalise_Around(state_, V(1));
+  EXPECT_EQ(diagonal->dest, V(2));
 }
 
 // The chain over the base 0-3 has its two inner vertices at one height.
 TEST_F(DamagedRings, OfEqualHeightsTheFirstIsJoinedToBothEnds) {
   for (const bool isExtended : {false, true}) {
     state_.extendedFallback = isExtended;
-    Place(Lines({{0, 0}, {1, 2}, {3, 2}, {4, 0}}));
+    Place(Lines({{0, 0}, {1, 2}, {3, 2}, {4, 0}}), 20);
     const TEdge* const sides[] = {Join(0, 1), Join(1, 2), Join(2, 3)};
-    TChainEntry chain[] = {{&vertices_[0], sides[0]->twin->twin},
-                           {&vertices_[1], sides[0]->twin},
-                           {&vertices_[2], sides[1]->twin},
-                           {&vertices_[3], sides[2]->twin}};
+    TChainEntry chain[] = {{V(0), sides[0]->twin->twin},
+                           {V(1), sides[0]->twin},
+                           {V(2), sides[1]->twin},
+                           {V(3), sides[2]->twin}};
     EXPECT_EQ(tri_Fill_Chain(state_, 4, chain), 0);
-    EXPECT_EQ(chain[3].edge->dest, &vertices_[1]);
+    EXPECT_EQ(chain[3].edge->dest, V(1));
   }
 }
 
 // A below, P above, L-R across between them: the walk from A to P has L on its left and cuts L-R.
 TEST_F(DamagedRings, CuttingABreaklineIsReportedOnce) {
   enum { A, L, R, P };
-  Place({{0, -4, 0, 1}, {-3, 0, 1.5, 1}, {3, 0, 2, 1}, {0, 4, 0, 1}});
+  Place({{0, -4, 0, 1}, {-3, 0, 1.5, 1}, {3, 0, 2, 1}, {0, 4, 0, 1}}, 20);
   TEdge* cut = Join(L, R);
   TEdge* const e = Join(A, R);
   Join(L, P), Join(R, P), Join(A, L);
@@ -401,12 +345,11 @@ TEST_F(DamagedRings, CuttingABreaklineIsReportedOnce) {
     TVertex* end = nullptr;
     int count = 0;
     TChainEntry* list = nullptr;
-    EXPECT_EQ(tri_Collect_Chain(state_, true, &vertices_[A], e, &vertices_[P], &end, &count, &list),
-              0);
+    EXPECT_EQ(tri_Collect_Chain(state_, true, V(A), e, V(P), &end, &count, &list), 0);
     ASSERT_EQ(count, 3);
-    EXPECT_EQ(list[1].vertex, &vertices_[L]);
-    EXPECT_EQ(list[1].edge->dest, &vertices_[A]);
-    EXPECT_EQ(list[1].edge->next->dest, &vertices_[P]);
+    EXPECT_EQ(list[1].vertex, V(L));
+    EXPECT_EQ(list[1].edge->dest, V(A));
+    EXPECT_EQ(list[1].edge->next->dest, V(P));
   };
   EXPECT_EQ(OutputOf(collect),
             "**trimake, Warning crossing breaklines\n"

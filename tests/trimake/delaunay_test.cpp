@@ -9,6 +9,7 @@
 #include <string>
 
 #include "support/even_odd.h"
+#include "support/hand_made.h"
 #include "support/mesh_checker.h"
 #include "trimake/divide_conquer.h"
 
@@ -236,56 +237,38 @@ TEST(Delaunay, EveryOutputMayBeLeftOut) {
   std::free(triangles);
 }
 
-// The run of a build, laid out by hand: sorted vertices and their half-edges.
-class Runs : public testing::Test {
+// The run of a build: sorted vertices without edges.
+class Runs : public mesh::HandMade {
  protected:
-  Runs() {
+  void PlaceRun(std::size_t edges) {
     std::mt19937 random(5);
-    points_ = Generate(200, [&](int) { return At(random() % 1000, random() % 1000); });
-    std::sort(points_.begin(), points_.end(), [](const TPoint& a, const TPoint& b) {
+    Points points = Generate(200, [&](int) { return At(random() % 1000, random() % 1000); });
+    std::sort(points.begin(), points.end(), [](const TPoint& a, const TPoint& b) {
       return a.x < b.x || (a.x == b.x && a.y < b.y);
     });
-    for (const TPoint& p : points_) {
-      verts_.push_back({{p.x, p.y}, &p, nullptr, Count(), Count()});
-    }
-    Resupply(edges_.size());
+    Place(points, edges);
   }
-
-  void Resupply(std::size_t edges) {
-    state_.freeEdges = nullptr;
-    state_.unusedEdges = edges_.data();
-    state_.unusedEnd = edges_.data() + edges;
-  }
-
-  int Count() const { return static_cast<int>(verts_.size()); }
 
   // Destinations around every vertex, beginning with the lowest-numbered.
-  std::vector<std::vector<int>> Rings() const {
+  std::vector<std::vector<int>> Rings() {
     std::vector<std::vector<int>> rings;
-    for (const TVertex& v : verts_) {
-      std::vector<int> ring{v.first->dest->number};
-      for (const TEdge* e = v.first->next; e != v.first; e = e->next) {
-        ring.push_back(e->dest->number);
-      }
+    for (std::size_t v = 0; v < vertices_.size(); ++v) {
+      std::vector<int> ring = Around(v);
       std::rotate(ring.begin(), std::min_element(ring.begin(), ring.end()), ring.end());
       rings.push_back(ring);
     }
     return rings;
   }
-
-  TrimakeState state_{};
-  Points points_;
-  std::vector<TVertex> verts_;
-  std::vector<TEdge> edges_{1200};
 };
 
 TEST_F(Runs, ARotatedRetryFindsTheSameTrianglesAndPutsTheCoordinatesBack) {
-  ASSERT_EQ(tri_Divide_Conquer(state_, Count(), verts_.data()), 0);
+  PlaceRun(1200);
+  ASSERT_EQ(tri_Divide_Conquer(state_, 200, V(0)), 0);
   const auto expected = Rings();
-  ASSERT_EQ(tri_Retry_Rotated(state_, Count(), verts_.data()), 0);
+  ASSERT_EQ(tri_Retry_Rotated(state_, 200, V(0)), 0);
   EXPECT_EQ(Rings(), expected);
   EXPECT_EQ(state_.retryDepth, 1);
-  for (const TVertex& v : verts_) {
+  for (const TVertex& v : vertices_) {
     ASSERT_TRUE(v.xy[0] == v.point->x && v.xy[1] == v.point->y);
   }
 }
@@ -293,22 +276,23 @@ TEST_F(Runs, ARotatedRetryFindsTheSameTrianglesAndPutsTheCoordinatesBack) {
 // With half-edges for less than the triangulation every level fails and is retried, until the
 // budget is gone; then nothing is retried any more, and no record is lost on the way.
 TEST_F(Runs, AShortSupplyFailsWithinTheRetryBudget) {
-  Resupply(600);
-  EXPECT_EQ(tri_Divide_Conquer(state_, Count(), verts_.data()), -1);
+  PlaceRun(600);
+  EXPECT_EQ(tri_Divide_Conquer(state_, 200, V(0)), -1);
   EXPECT_EQ(state_.retryDepth, 25);
   state_.retryDepth = 26;
-  EXPECT_EQ(tri_Retry_Rotated(state_, Count(), verts_.data()), -1);
+  EXPECT_EQ(tri_Retry_Rotated(state_, 200, V(0)), -1);
   EXPECT_EQ(state_.retryDepth, 26);
   state_.retryDepth = 25;
-  EXPECT_EQ(tri_Retry_Rotated(state_, 60, verts_.data()), 0);
+  EXPECT_EQ(tri_Retry_Rotated(state_, 60, V(0)), 0);
 }
 
 // A NaN makes every test fail: the answer may be anything, but there has to be one.
 TEST_F(Runs, CoordinatesThatAreNoNumbersEnd) {
-  for (std::size_t i = 0; i < verts_.size(); i += 3) {
-    verts_[i].xy[i % 2] = kNaN;
+  PlaceRun(1200);
+  for (std::size_t i = 0; i < vertices_.size(); i += 3) {
+    vertices_[i].xy[i % 2] = kNaN;
   }
-  const int result = tri_Divide_Conquer(state_, Count(), verts_.data());
+  const int result = tri_Divide_Conquer(state_, 200, V(0));
   EXPECT_TRUE(result == 0 || result == -1);
 }
 

@@ -160,23 +160,4 @@ TEST(Scan, TogglesAcrossOddEdgesAndStaysWhereItCanReach) {
   EXPECT_EQ(std::vector<int>(inside, inside + 4), (std::vector<int>{1, 1, 0, -1}));
 }
 
-class Fenced : public tri_Scan {
- public:
-  using tri_Scan::tri_Scan;
-  std::vector<int> seen;
-
- protected:
-  bool Accept(int t) override { return t != 3; }
-  bool MayCross(int t, int k) override { return !(t == 0 && k == 0); }
-  void Seed(int t) override { seen.push_back(t); }
-};
-
-// Triangle 0 in the middle; 1, 2 and 3 around it. The way to 1 is barred, 3 is not accepted.
-TEST(Scan, GoesWhereItMayAndVisitsNothingTwice) {
-  const int neighbours[] = {2, 3, 4, 1, 3, 0, 1, 2, 0, 1, 0, 0};
-  Fenced scan(neighbours, 4);
-  scan.Run(0);
-  EXPECT_EQ(scan.seen, (std::vector<int>{0, 2, 1}));
-}
-
 }  // namespace

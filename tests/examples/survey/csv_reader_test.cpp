@@ -74,8 +74,8 @@ TEST(SurveyData, RefusesWhatIsNoSurvey) {
               ":4: id \"A\" already stands in line 2");
   expectFault(ReadOutline, "x,y,z\n1,1,0\n2,1,0\n1,1,0\n",
               ": an outline needs three corners, found 2");
-  expectFault(ReadStructures, "id,x,y,z,strike,dip\nF,0,0,0,10,91\n",
-              ":2: dip is not between 0 and 90 degrees");
+  expectFault(ReadStructures, "id,x,y,z,strike,dip\nF,0,0,0,10,90\nG,0,0,0,10,91\n",
+              ":3: dip is not between 0 and 90 degrees");
   expectFault(ReadSearches,
               "id,x,y,z,major,semi_major,minor,bearing,inclination,rotation\n"
               "S,0,0,0,9,0,1,0,0,0\n",
