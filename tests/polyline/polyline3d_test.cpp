@@ -12,10 +12,7 @@
 
 namespace {
 
-using zyl::geometry::COORDINATE_Y;
-using zyl::geometry::CoordinateType;
-using zyl::geometry::Point3D;
-using zyl::geometry::Polyline3D;
+using namespace zyl::geometry;
 using Points = std::vector<Point3D>;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();

@@ -9,10 +9,7 @@
 
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Direction;
-using zyl::geometry::Point3D;
-using zyl::geometry::Polyline3D;
+using namespace zyl::geometry;
 using Points = std::vector<Point3D>;
 
 const Points kSquare = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};

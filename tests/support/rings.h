@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstddef>
 #include <numeric>
-#include <ostream>
 #include <random>
 #include <vector>
 
@@ -140,8 +139,6 @@ struct Plane {
     return point;
   }
 };
-
-inline std::ostream& operator<<(std::ostream& out, const Plane& plane) { return out << plane.name; }
 
 inline const Plane kPlanes[] = {
     {"horizontal", {0, 0, 5}, {10, 0, 0}, {0, 10, 0}},

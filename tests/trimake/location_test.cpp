@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <random>
@@ -183,9 +184,7 @@ void CheckAgainstEvenOdd(const Ring2& ring, const rings::Plane& plane, int quest
   }
 }
 
-class RingsInPlanes : public testing::TestWithParam<rings::Plane> {};
-
-TEST_P(RingsInPlanes, AgreeWithTheEvenOddRule) {
+TEST(Location, AgreesWithTheEvenOddRule) {
   const struct {
     const char* name;
     Ring2 (*make)(std::size_t, std::mt19937_64&);
@@ -195,25 +194,25 @@ TEST_P(RingsInPlanes, AgreeWithTheEvenOddRule) {
                 {"spiral", rings::Spiral, 20000, 1},    {"comb", rings::Comb, 20000, 1},
                 {"sliver", rings::Sliver, 20000, 1e-3}, {"star", rings::Star, 100, 1}};
   std::mt19937_64 random(42);
-  for (const auto& shape : shapes) {
+  for (const auto& [name, make, largest, height] : shapes) {
     for (const std::size_t n : {3u, 4u, 5u, 7u, 10u, 30u, 100u, 1000u, 20000u}) {
-      if (n <= shape.largest) {
-        SCOPED_TRACE(testing::Message() << shape.name << " of " << n);
-        CheckAgainstEvenOdd(shape.make(n, random), GetParam(), n > 1000 ? 12 : 60, shape.height,
-                            random);
+      for (const rings::Plane& plane : rings::kPlanes) {
+        SCOPED_TRACE(testing::Message() << name << " of " << n << ", " << plane.name);
+        const Ring2 ring = make(std::min(n, largest), random);
+        CheckAgainstEvenOdd(ring, plane, n > 1000 ? 12 : 60, height, random);
       }
     }
   }
 }
 
-TEST_P(RingsInPlanes, ThatRunBackOverThemselvesAgreeWithTheEvenOddRule) {
+TEST(Location, AgreesWithTheEvenOddRuleWhereRingsRunBackOverThemselves) {
   std::mt19937_64 random(43);
   for (int round = 0; round < 200; ++round) {
-    SCOPED_TRACE(round);
-    CheckAgainstEvenOdd(rings::Retraced(6 + random() % 20, random), GetParam(), 60, 1, random);
+    for (const rings::Plane& plane : rings::kPlanes) {
+      SCOPED_TRACE(testing::Message() << "round " << round << ", " << plane.name);
+      CheckAgainstEvenOdd(rings::Retraced(6 + random() % 20, random), plane, 60, 1, random);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Location, RingsInPlanes, testing::ValuesIn(rings::kPlanes));
 
 }  // namespace

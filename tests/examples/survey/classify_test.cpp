@@ -13,9 +13,7 @@
 namespace survey {
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Point3D;
-using zyl::geometry::Polyline3D;
+using namespace zyl::geometry;
 
 // Expects for every collar the answer of the even-odd rule in a projection, and these on the
 // boundary. Unless the projection is exact, no other may be so near that its rounding matters.

@@ -12,11 +12,7 @@
 namespace survey {
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Ellipsoid;
-using zyl::geometry::Plane;
-using zyl::geometry::Point3D;
-using zyl::geometry::Polyline3D;
+using namespace zyl::geometry;
 
 // Two collars 60 m apart, one of them by a fault that strikes north and stands upright at x = 10,
 // both against a square of 20 m. The axes of the ellipsoid are 10 m north, 5 m east and 2 m up, so

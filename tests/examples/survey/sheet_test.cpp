@@ -18,8 +18,7 @@
 namespace survey {
 namespace {
 
-using zyl::geometry::Point3D;
-using zyl::geometry::Polyline3D;
+using namespace zyl::geometry;
 
 std::string SheetOf(const Survey& survey) {
   geom_Init();
