@@ -53,6 +53,19 @@ TEST_F(Rings, ASupplyThatRunsOutGivesNoEdge) {
   EXPECT_EQ(Join(4, 5), nullptr);
 }
 
+TEST_F(Rings, CreatedVerticesAreNumberedOnAndFillTheirHunks) {
+  for (int i = 0; i < 401; ++i) {
+    const TVertex* const v = tri_New_Vertex(state_, i, -i, 2 * i);
+    ASSERT_TRUE(v->number == 8 + i && v->source == 8 + i && v->first == nullptr);
+    ASSERT_TRUE(v->xy[0] == i && v->xy[1] == -i && v->point->z == 2 * i && v->point->flag == 0);
+  }
+  EXPECT_TRUE(state_.vertexCount == 409 && state_.pointCount == 409);
+  EXPECT_EQ(state_.firstVertexHunk->next->used, 200);
+  EXPECT_EQ(state_.vertexHunk->used, 1);
+  tri_Free_Vertex_Hunks(state_);
+  EXPECT_TRUE(state_.firstVertexHunk == nullptr && state_.vertexHunk == nullptr);
+}
+
 // And refuses more than it can count, staying as it was.
 TEST(TArray, GrowsInWholeSteps) {
   TArray* const list = TArray::Create(3 * sizeof(int), 1000);
