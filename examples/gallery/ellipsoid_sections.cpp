@@ -50,12 +50,15 @@ std::vector<svg::Spot> Contour(const Ellipsoid& ellipsoid, const Section& sectio
   return points;
 }
 
-void DrawSection(svg::SvgWriter& picture, const Ellipsoid& ellipsoid, const Section& section,
-                 Scatter& scatter) {
+void DrawSurface(svg::SvgWriter& picture, const Ellipsoid& ellipsoid, const Section& section) {
   picture.Polygon(Contour(ellipsoid, section, 1), "surface");
   picture.Polygon(Contour(ellipsoid, section, 2.0 / 3), "contour");
   picture.Polygon(Contour(ellipsoid, section, 1.0 / 3), "contour");
-  // One sample somewhere in each square of a grid.
+}
+
+// One sample somewhere in each square of a grid.
+void DrawSamples(svg::SvgWriter& picture, const Ellipsoid& ellipsoid, const Section& section,
+                 Scatter& scatter) {
   for (int i = -4; i <= 4; ++i) {
     for (int j = -4; j <= 4; ++j) {
       const double x = 21 * i + scatter.Between(-8, 8);
@@ -93,7 +96,7 @@ void DrawAngle(svg::SvgWriter& picture, const Section& section, double zero, dou
   picture.Line(at(angle, 0), at(angle, length), style);
   picture.Polyline(arc, "arc");
   const svg::Spot middle = at((zero + angle) / 2, 0.6 * length + 13);
-  picture.Text({middle.x, middle.y + 5}, "halo middle", label);
+  picture.Text({middle.x, middle.y + 5}, "middle", label);
 }
 
 }  // namespace
@@ -111,20 +114,21 @@ void DrawEllipsoidSections(std::ostream& out) {
                               ".major{stroke:#d55e00;stroke-width:2.2}\n"
                               ".bearing{stroke:#d55e00;stroke-width:1.4;stroke-dasharray:7 3}\n"
                               ".arc{fill:none;stroke:#d55e00;stroke-width:1.4}\n"
-                              ".head-of-arrow{fill:#667788}\n"
-                              ".halo{paint-order:stroke;stroke:#fff;stroke-width:4}\n"));
+                              ".head-of-arrow{fill:#667788}\n"));
   Scatter scatter(11);
   picture.Text({level.centre.x, 30}, "head", "level section");
   picture.Text({upright.centre.x, 30}, "head", "upright section along the bearing");
-  DrawSection(picture, ellipsoid, level, scatter);
-  DrawSection(picture, ellipsoid, upright, scatter);
+  DrawSurface(picture, ellipsoid, level);
   DrawAngle(picture, level, 0, kBearing, 100, "bearing", "60°");
+  DrawSamples(picture, ellipsoid, level, scatter);
+  DrawSurface(picture, ellipsoid, upright);
   DrawAngle(picture, upright, 90, 90 - kInclination, 100, "major", "−15°");
-  DrawArrow(picture, {24, 84}, {24, 52});
-  picture.Text({24, 98}, "middle", "N");
-  DrawArrow(picture, {352, 84}, {352, 52});
-  picture.Text({352, 98}, "middle", "up");
-  DrawKey(picture, {52, 398},
+  DrawSamples(picture, ellipsoid, upright, scatter);
+  DrawArrow(picture, {24, 98}, {24, 66});
+  picture.Text({24, 58}, "middle", "N");
+  DrawArrow(picture, {352, 98}, {352, 66});
+  picture.Text({352, 58}, "middle", "up");
+  DrawKey(picture, {352, 398},
           {{KeyEntry::kDot, "dot", "within reach"},
            {KeyEntry::kDot, "pale", "beyond it"},
            {KeyEntry::kLine, "bearing", "bearing"},

@@ -66,7 +66,7 @@ void DrawEnclosing(std::ostream& out) {
                    HoldsCircle(circle, p) ? "mark" : "dot");
   }
   picture.Circle(centre, 3.5, "mark");
-  DrawKey(picture, {60, 462},
+  DrawKey(picture, {320, 462},
           {{KeyEntry::kLine, "ring", "smallest circle"},
            {KeyEntry::kDot, "mark", "points that hold it"},
            {KeyEntry::kLine, "dashed", "circle around the box"}});

@@ -90,7 +90,7 @@ void DrawEvenOdd(std::ostream& out) {
   picture.Text({492, 28}, "head", "IsPointInside");
   DrawRegions(picture, regions, star);
   DrawAnswers(picture, answers, star);
-  DrawKey(picture, {76, 384},
+  DrawKey(picture, {330, 384},
           {{KeyEntry::kArea, "inside", "odd: inside"},
            {KeyEntry::kArea, "outside", "even: outside"},
            {KeyEntry::kDot, "yes", "true"},

@@ -80,7 +80,7 @@ void DrawExactSides(std::ostream& out) {
   DrawPatch(picture, exact, Exact);
   picture.Text({320, 324}, "small middle",
                "128 × 128 points whose coordinates are neighbouring doubles, beside a line");
-  DrawKey(picture, {160, 352},
+  DrawKey(picture, {320, 352},
           {{KeyEntry::kArea, "left", "left of it"},
            {KeyEntry::kArea, "on", "on it"},
            {KeyEntry::kArea, "right", "right of it"}});

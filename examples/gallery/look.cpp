@@ -6,7 +6,7 @@ namespace {
 // Blue and orange are those of M. Okabe and K. Ito, "Color Universal Design" (2008).
 const char* const kLook = R"(
 .sheet{fill:#fff}
-text{font:13px "DejaVu Sans",Helvetica,Arial,sans-serif;fill:#223344}
+text{font:13px "Helvetica Neue",Helvetica,Arial,"Liberation Sans",sans-serif;fill:#223344}
 .small{font-size:11px}
 .middle{text-anchor:middle}
 .end{text-anchor:end}
@@ -24,17 +24,23 @@ text{font:13px "DejaVu Sans",Helvetica,Arial,sans-serif;fill:#223344}
 
 constexpr double kSampleWidth = 22;
 constexpr double kGap = 7;
-constexpr double kBetween = 20;
-constexpr double kLetterWidth = 7;  // on average, at the size of the key's text
+constexpr double kBetween = 22;
 
-// Bytes that begin a character of UTF-8.
-double Letters(const std::string& text) {
-  int count = 0;
+// About the width in Helvetica and its kin at the size of the key's text, in pixels.
+double TextWidth(const std::string& text) {
+  double width = 0;
   for (const char c : text) {
-    count += (static_cast<unsigned char>(c) & 0xC0) == 0x80 ? 0 : 1;
+    const bool continues = (static_cast<unsigned char>(c) & 0xC0) == 0x80;  // a character of UTF-8
+    width += continues                                             ? 0
+             : std::string("ijl,.:|").find(c) != std::string::npos ? 3
+             : std::string("ftr /-").find(c) != std::string::npos  ? 4
+             : std::string("mMwW").find(c) != std::string::npos    ? 10.5
+                                                                   : 7;
   }
-  return count;
+  return width;
 }
+
+double EntryWidth(const KeyEntry& entry) { return kSampleWidth + kGap + TextWidth(entry.meaning); }
 
 void DrawSample(svg::SvgWriter& picture, svg::Spot at, const KeyEntry& entry) {
   const double middle = at.y - 4.5;
@@ -55,12 +61,20 @@ void DrawSample(svg::SvgWriter& picture, svg::Spot at, const KeyEntry& entry) {
 
 std::string Look(const std::string& own) { return kLook + own; }
 
-void DrawKey(svg::SvgWriter& picture, svg::Spot at, const std::vector<KeyEntry>& entries) {
+void DrawKeyEntry(svg::SvgWriter& picture, svg::Spot at, const KeyEntry& entry) {
+  DrawSample(picture, at, entry);
+  picture.Text({at.x + kSampleWidth + kGap, at.y}, "key", entry.meaning);
+}
+
+void DrawKey(svg::SvgWriter& picture, svg::Spot middle, const std::vector<KeyEntry>& entries) {
+  double width = -kBetween;
   for (const KeyEntry& entry : entries) {
-    DrawSample(picture, at, entry);
-    at.x += kSampleWidth + kGap;
-    picture.Text(at, "key", entry.meaning);
-    at.x += Letters(entry.meaning) * kLetterWidth + kBetween;
+    width += EntryWidth(entry) + kBetween;
+  }
+  svg::Spot at{middle.x - width / 2, middle.y};
+  for (const KeyEntry& entry : entries) {
+    DrawKeyEntry(picture, at, entry);
+    at.x += EntryWidth(entry) + kBetween;
   }
 }
 

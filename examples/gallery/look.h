@@ -21,7 +21,10 @@ struct KeyEntry {
   std::string meaning;
 };
 
-/// Draws the entries in a row that begins at `at`.
-void DrawKey(svg::SvgWriter& picture, svg::Spot at, const std::vector<KeyEntry>& entries);
+/// Draws one entry: the sample at `at`, its meaning to the right of it.
+void DrawKeyEntry(svg::SvgWriter& picture, svg::Spot at, const KeyEntry& entry);
+
+/// Draws the entries in a row about `middle`.
+void DrawKey(svg::SvgWriter& picture, svg::Spot middle, const std::vector<KeyEntry>& entries);
 
 }  // namespace gallery

@@ -120,7 +120,7 @@ std::string TrendAndPlunge(const Coord3D& line) {
 }
 
 void DrawNote(svg::SvgWriter& picture, double y, const KeyEntry& entry, const std::string& note) {
-  DrawKey(picture, {486, y}, {entry});
+  DrawKeyEntry(picture, {486, y}, entry);
   picture.Text({515, y + 18}, "small", note);
 }
 

@@ -46,7 +46,7 @@ void DrawTriangulation(std::ostream& out) {
       picture.Circle(view(p.x, p.y), 3.6, "corner");
     }
   }
-  DrawKey(picture, {108, 424},
+  DrawKey(picture, {320, 424},
           {{KeyEntry::kArea, "inside", "inside"},
            {KeyEntry::kArea, "outside", "outside"},
            {KeyEntry::kLine, "ring", "edges that had to be there"}});

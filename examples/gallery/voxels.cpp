@@ -131,7 +131,7 @@ void DrawVoxels(std::ostream& out) {
 
   svg::SvgWriter picture(out, 640, 470,
                          Look(".wall{fill:#fafbfc;stroke:#b5c0ca;stroke-width:1}\n"
-                              ".top,.front,.side{stroke:#5b97bd;stroke-width:1;fill-opacity:.4;"
+                              ".top,.front,.side{stroke:#5b97bd;stroke-width:1;fill-opacity:.22;"
                               "stroke-linejoin:round}\n"
                               ".top{fill:#cfe5f3}\n.front{fill:#a9cfe6}\n.side{fill:#8bbbd9}\n"
                               ".box{fill:#e8a15a;stroke:#b35309;stroke-width:1.4;"
@@ -140,7 +140,7 @@ void DrawVoxels(std::ostream& out) {
   DrawWalls(sheet);
   sheet.SeenFaces("box", box);
   const int count = DrawTouched(sheet, index);
-  DrawKey(picture, {130, 452},
+  DrawKey(picture, {320, 452},
           {{KeyEntry::kArea, "box", "box"},
            {KeyEntry::kArea, "top", std::to_string(count) + " voxels hold it"},
            {KeyEntry::kArea, "wall", "grid of " + std::to_string(kX * kY * kZ)}});

@@ -35,6 +35,40 @@ svg::Spot Moved(const svg::Spot& from, const svg::Spot& direction, double pixels
   return {from.x + direction.x * pixels, from.y + direction.y * pixels};
 }
 
+// Whether a collar's mark at `spot` reaches into the box.
+bool Touches(const svg::Box& box, const svg::Spot& spot) {
+  constexpr double kReach = 3;
+  return spot.x > box.x - kReach && spot.x < box.x + box.width + kReach &&
+         spot.y > box.y - kReach && spot.y < box.y + box.height + kReach;
+}
+
+// Room for the label of a collar: below or above it, to the right or to the left, where it touches
+// the fewest others.
+svg::Box LabelRoom(const Panel& panel, const std::vector<Collar>& collars, const Collar& collar) {
+  const svg::Spot at = panel(collar.position);
+  const double width = 6.5 * static_cast<double>(collar.id.size()) + 6;
+  constexpr double kHeight = 14;
+  svg::Box best{at.x - 3 - width, at.y + 2, width, kHeight};
+  std::ptrdiff_t fewest = static_cast<std::ptrdiff_t>(collars.size());
+  for (const double y : {at.y + 2, at.y - 2 - kHeight}) {
+    for (const double x : {at.x + 3, at.x - 3 - width}) {
+      const svg::Box room{x, y, width, kHeight};
+      if (x + width > panel.Frame().x + panel.Frame().width) {
+        continue;
+      }
+      const std::ptrdiff_t touched =
+          std::count_if(collars.begin(), collars.end(), [&](const Collar& other) {
+            return &other != &collar && Touches(room, panel(other.position));
+          });
+      if (touched < fewest) {
+        fewest = touched;
+        best = room;
+      }
+    }
+  }
+  return best;
+}
+
 }  // namespace
 
 void DrawMark(svg::SvgWriter& svg, const svg::Spot& at, Answer answer, const std::string& role,
@@ -84,7 +118,7 @@ void DrawStrikeAndDip(svg::SvgWriter& svg, const Panel& panel, const Structure& 
   svg.Line(Moved(at, bearings.strike, -14), Moved(at, bearings.strike, 14), "dip");
   svg.Line(at, Moved(at, bearings.dip, 8), "dip");
   const svg::Spot label = Moved(at, bearings.dip, 18);
-  svg.Text({label.x, label.y + 4}, "halo middle",
+  svg.Text({label.x, label.y + 4}, "halo middle structure",
            structure.id + " " + Grouped(structure.dip) + "°");
 }
 
@@ -131,14 +165,10 @@ void DrawCollars(svg::SvgWriter& svg, const Panel& panel, const std::vector<Coll
 
 void LabelBoundary(svg::SvgWriter& svg, const Panel& panel, const std::vector<Collar>& collars,
                    const std::vector<Answer>& answers) {
-  constexpr double kRoom = 60;  // for a label between its collar and the right edge of the frame
-  const double lastWithRoom = panel.Frame().x + panel.Frame().width - kRoom;
   for (std::size_t i = 0; i < collars.size(); ++i) {
     if (answers[i] == Answer::kOnBoundary) {
-      const svg::Spot at = panel(collars[i].position);
-      const bool hasRoom = at.x < lastWithRoom;
-      svg.Text({at.x + (hasRoom ? 6 : -6), at.y + 12}, hasRoom ? "halo" : "halo end",
-               collars[i].id);
+      const svg::Box room = LabelRoom(panel, collars, collars[i]);
+      svg.Text({room.x + room.width / 2, room.y + room.height - 3}, "halo middle", collars[i].id);
     }
   }
 }
@@ -155,7 +185,7 @@ void DrawScaleBar(svg::SvgWriter& svg, const Panel& panel) {
   const double quarter = metres / 4 * panel.PixelsPerMetre();
   const svg::Box& frame = panel.Frame();
   const svg::Spot start{frame.x + 20, frame.y + frame.height - 24};
-  svg.Rectangle({start.x - 8, start.y - 20, 4 * quarter + 40, 34}, "plate");
+  svg.Rectangle({frame.x, start.y - 24, 4 * quarter + 56, 48}, "plate");
   for (int i = 0; i < 4; ++i) {
     svg.Rectangle({start.x + i * quarter, start.y, quarter, 6}, i % 2 == 0 ? "black" : "white");
   }

@@ -39,6 +39,7 @@ text { font-family: "Helvetica Neue", Helvetica, Arial, "Liberation Sans", sans-
 .end { text-anchor: end }
 .halo { font-size: 10.5px; paint-order: stroke; stroke: white; stroke-width: 3px;
         stroke-linejoin: round }
+.structure { fill: #6f4520 }
 .frame { fill: none; stroke: #222; stroke-width: 1.2 }
 .grid { stroke: #dcdcdc; stroke-width: 0.8 }
 .ground0 { fill: #efe6cf; fill-opacity: 0.62; fill-rule: evenodd }
@@ -102,7 +103,6 @@ void DrawPlan(svg::SvgWriter& svg, const Survey& survey, const Findings& finding
   for (std::size_t k = survey.outlines.size(); k-- > 0;) {
     DrawEdges(svg, panel, survey.outlines[k], Styled("edge", k));
   }
-  LabelBoundary(svg, panel, survey.collars, findings.answers[0]);
   DrawCollars(svg, panel, survey.collars, findings.answers[0], "collar ");
   for (const auto& reaches : findings.reaches) {
     for (std::size_t i = 0; i < reaches.size(); ++i) {
@@ -114,6 +114,7 @@ void DrawPlan(svg::SvgWriter& svg, const Survey& survey, const Findings& finding
   for (const Structure& structure : survey.structures) {
     DrawStrikeAndDip(svg, panel, structure);
   }
+  LabelBoundary(svg, panel, survey.collars, findings.answers[0]);
   svg.CloseGroup();
   DrawNorthArrow(svg, kPlanFrame);
   DrawScaleBar(svg, panel);

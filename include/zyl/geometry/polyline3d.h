@@ -29,7 +29,8 @@ enum CoordinateType : int {
 /// by the flag. The constructors from a point list recognise a list that ends where it began, drop
 /// that last point and set the flag; nothing else edits the points or the flag on its own.
 /// If memory runs out, an operation throws std::bad_alloc and leaves the polyline as it was. Point
-/// indices and coordinate arrays are not checked.
+/// indices and coordinate arrays are not checked. What looks at the points costs one or a few
+/// passes over them, IsPointInside more.
 ///
 ///     const std::vector<Point3D> corners = {{0, 0, 5}, {4, 0, 5}, {4, 3, 5}, {0, 0, 5}};
 ///     const Polyline3D lease(corners);         // three points, closed
