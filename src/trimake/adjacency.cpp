@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "trimake/allocation.h"
+#include "trimake/fork_join.h"
 #include "trimake/parallel_sort.h"
 
 namespace zyl::geometry::internal {
@@ -15,7 +16,7 @@ using Neighbours = PagedVector<int>;
 
 // One edge of one triangle, under the name that it has from either side.
 struct EdgeKey {
-  int high;  // larger vertex number; -1 behind the last key, so that every run of equal keys ends
+  int high;  // larger vertex number
   int low;
   int triangle;  // 0-based
   int edge;
@@ -96,7 +97,7 @@ bool LinkRuns(const EdgeKey* first, const EdgeKey* end, const Neighbours& neighb
   bool crowded = false;
   while (first != end) {
     const EdgeKey* behind = first + 1;
-    while (compare(*behind, *first) == 0) {
+    while (behind != end && compare(*behind, *first) == 0) {
       ++behind;
     }
     if (behind - first == 2) {
@@ -113,12 +114,54 @@ bool LinkRuns(const EdgeKey* first, const EdgeKey* end, const Neighbours& neighb
   return crowded;
 }
 
-// Keys of all edges and the one behind them; null if memory is short.
+// Whole buckets that follow each other, and what is found in them.
+struct Stretch {
+  EdgeKey* begin;
+  EdgeKey* end;
+  Bucket bucketOf;
+  const Neighbours& neighbours;
+  bool crowded = false;
+
+  // Behind the bucket of `key`.
+  EdgeKey* EndOfBucket(EdgeKey* key) const {
+    const std::size_t bucket = bucketOf(*key);
+    do {
+      ++key;
+    } while (key != end && bucketOf(*key) == bucket);
+    return key;
+  }
+};
+
+void LinkBuckets(Stretch& stretch) {
+  for (EdgeKey *bucket = stretch.begin, *behind = bucket; bucket != stretch.end; bucket = behind) {
+    behind = stretch.EndOfBucket(bucket);
+    tri_Parallel_Sort(bucket, static_cast<std::size_t>(behind - bucket), DescendingKeys());
+    stretch.crowded = LinkRuns(bucket, behind, stretch.neighbours) || stretch.crowded;
+  }
+}
+
+constexpr std::ptrdiff_t kForkAbove = 500;
+
+// Sorts and links the keys of a stretch, the two halves of a long one at the same time: no key of
+// one has anything to do with a key of the other.
+void LinkStretch(void* argument) {
+  Stretch& stretch = *static_cast<Stretch*>(argument);
+  EdgeKey* const middle = stretch.EndOfBucket(stretch.begin + (stretch.end - stretch.begin) / 2);
+  if (middle - stretch.begin <= kForkAbove || stretch.end - middle <= kForkAbove) {
+    LinkBuckets(stretch);
+    return;
+  }
+  Stretch first{stretch.begin, middle, stretch.bucketOf, stretch.neighbours};
+  Stretch second{middle, stretch.end, stretch.bucketOf, stretch.neighbours};
+  RunBoth(&LinkStretch, &first, &second);
+  stretch.crowded = first.crowded || second.crowded;
+}
+
 MallocArray<EdgeKey> AllocateKeys(int triangleCount) {
   if (triangleCount < 1 || triangleCount > INT_MAX / 3) {
     return nullptr;
   }
-  return TryNewArray<EdgeKey>(3 * static_cast<std::size_t>(triangleCount) + 1);
+  return TryNewArray<EdgeKey>(3 * static_cast<std::size_t>(triangleCount));
 }
 
 }  // namespace
@@ -136,19 +179,10 @@ int tri_Build_Adjacency(int triangleCount, const int* triangles, int* neighbours
   const Bucket bucketOf = ChooseBuckets(largest, count);
   const std::size_t bucketCount = static_cast<std::size_t>(largest >> bucketOf.shift) + 1;
   FillBuckets(corners, bucketOf, bucketCount, across, keys.get());
-  EdgeKey* const end = keys.get() + count;
-  end->high = -1;
-  end->low = -1;
 
-  bool crowded = false;
-  for (EdgeKey *bucket = keys.get(), *behind = bucket; bucket != end; bucket = behind) {
-    do {
-      ++behind;
-    } while (behind != end && bucketOf(*behind) == bucketOf(*bucket));
-    tri_Parallel_Sort(bucket, static_cast<std::size_t>(behind - bucket), DescendingKeys());
-    crowded = LinkRuns(bucket, behind, across) || crowded;
-  }
-  return crowded ? -largest : largest;
+  Stretch all{keys.get(), keys.get() + count, bucketOf, across};
+  LinkStretch(&all);
+  return all.crowded ? -largest : largest;
 }
 
 }  // namespace zyl::geometry::internal
