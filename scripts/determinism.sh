@@ -15,7 +15,7 @@ digest() {
   cmake -S . -B "$out/$1" -DCMAKE_CXX_COMPILER="$2" -DCMAKE_CXX_FLAGS="$3" -DCMAKE_BUILD_TYPE=None \
     -DZYL_GEOMETRY_USE_TBB="$4" -DZYL_GEOMETRY_BUILD_TESTS=OFF -DZYL_GEOMETRY_BUILD_EXAMPLES=OFF \
     >"$out/$1.log"
-  cmake --build "$out/$1" --target digest --parallel >>"$out/$1.log"
+  cmake --build "$out/$1" --target digest --parallel "$(nproc)" >>"$out/$1.log"
   "$out/$1/tests/determinism/digest" >"$out/$1.txt"
 }
 
