@@ -10,13 +10,11 @@
 #include "digest.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <set>
 #include <vector>
 
 #include "predicates/predicates.h"
-#include "trimake/delaunay.h"
-#include "trimake/records.h"
+#include "support/triangulation.h"
 #include "zyl/geometry/geometry.h"
 
 namespace {
@@ -178,32 +176,22 @@ void Polylines(Digest& digest, Numbers& numbers) {
 // Everything that one build hands out; `breaklines` is the share of points joined to the one
 // before.
 void AddBuild(Digest& digest, Numbers& numbers, int count, bool isWhole, int breaklines) {
-  using namespace zyl::geometry::internal;
-  std::vector<TPoint> points;
   const auto next = [&] { return isWhole ? numbers.Below(60) : numbers.Far(); };
-  for (int i = 0; i < count; ++i) {
-    points.push_back(TPoint{next(), next(), numbers.Real(), numbers.Below(100) >= breaklines});
+  const mesh::Triangulation mesh = mesh::Triangulate(mesh::Generate(count, [&](int) {
+    return mesh::TPoint{next(), next(), numbers.Real(), numbers.Below(100) >= breaklines};
+  }));
+  digest.Add(mesh.result);
+  for (const mesh::TPoint& v : mesh.vertices) {
+    digest.Add(v);
   }
-  int triangleCount = 0, vertexCount = 0;
-  TPoint* vertices = nullptr;
-  int *triangles = nullptr, *neighbours = nullptr;
-  void* edgeInfo = nullptr;
-  digest.Add(tri_Triangulate(count, points.data(), &triangleCount, &vertexCount, &vertices,
-                             &triangles, &edgeInfo, &neighbours, 0.0, 0.0));
-  for (int i = 0; i < vertexCount; ++i) {
-    digest.Add(vertices[i]);
-  }
-  const TEdgeInfo* const info = static_cast<const TEdgeInfo*>(edgeInfo);
-  for (int i = 0; i < 3 * triangleCount; ++i) {
-    digest.Add(triangles[i], neighbours[i], info[i].count);
-    for (const TIndex* segment = info[i].list; segment != nullptr; segment = segment->next) {
-      digest.Add(segment->from, segment->to);
+  for (std::size_t i = 0; i < 3 * mesh.triangles.size(); ++i) {
+    const mesh::Segments& segments = mesh.segments[i / 3][i % 3];
+    digest.Add(mesh.triangles[i / 3][i % 3], mesh.neighbours[i / 3][i % 3],
+               static_cast<int>(segments.size()));
+    for (const auto& [from, to] : segments) {
+      digest.Add(from, to);
     }
   }
-  std::free(vertices);
-  std::free(triangles);
-  std::free(edgeInfo);
-  std::free(neighbours);
 }
 
 void Engine(Digest& digest, Numbers& numbers) {

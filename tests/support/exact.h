@@ -71,52 +71,44 @@ std::array<Row<Dim>, Count> ScaledToIntegers(const std::array<const double*, Cou
   return scaled;
 }
 
-/// Sign of the determinant whose rows are the points relative to the last one.
-template <std::size_t Dim>
-int SideSign(const std::array<const double*, Dim + 1>& points) {
-  std::array<Row<Dim>, Dim + 1> p = ScaledToIntegers<Dim>(points);
-  std::array<Row<Dim>, Dim> rows;
-  for (std::size_t k = 0; k < Dim; ++k) {
+/// Sign of the determinant whose rows are the points relative to the last one. If that is a point
+/// more than the dimension needs, they are lifted onto the paraboloid first: each row ends with its
+/// sum of squares.
+template <std::size_t Dim, std::size_t Count>
+int Sign(const std::array<const double*, Count>& points) {
+  constexpr std::size_t kRows = Count - 1;
+  const std::array<Row<Dim>, Count> p = ScaledToIntegers<Dim>(points);
+  std::array<Row<kRows>, kRows> rows;
+  for (std::size_t k = 0; k < kRows; ++k) {
     for (std::size_t i = 0; i < Dim; ++i) {
-      rows[k][i] = p[k][i] - p[Dim][i];
+      rows[k][i] = p[k][i] - p[kRows][i];
+      if constexpr (kRows > Dim) {
+        rows[k][Dim] += rows[k][i] * rows[k][i];
+      }
     }
   }
-  return sgn(Determinant<Dim>(rows));
-}
-
-/// The same for the points lifted onto the paraboloid: each row ends with its sum of squares.
-template <std::size_t Dim>
-int BallSign(const std::array<const double*, Dim + 2>& points) {
-  std::array<Row<Dim>, Dim + 2> p = ScaledToIntegers<Dim>(points);
-  std::array<Row<Dim + 1>, Dim + 1> rows;
-  for (std::size_t k = 0; k < Dim + 1; ++k) {
-    for (std::size_t i = 0; i < Dim; ++i) {
-      rows[k][i] = p[k][i] - p[Dim + 1][i];
-      rows[k][Dim] += rows[k][i] * rows[k][i];
-    }
-  }
-  return sgn(Determinant<Dim + 1>(rows));
+  return sgn(Determinant<kRows>(rows));
 }
 
 /// 1 if a, b, c turn counterclockwise, -1 if clockwise, 0 if they are collinear.
 inline int Orient2D(const double* a, const double* b, const double* c) {
-  return SideSign<2>({a, b, c});
+  return Sign<2, 3>({a, b, c});
 }
 
 /// 1 if d lies below the plane through a, b, c (counterclockwise seen from above), -1 above, 0 on.
 inline int Orient3D(const double* a, const double* b, const double* c, const double* d) {
-  return SideSign<3>({a, b, c, d});
+  return Sign<3, 4>({a, b, c, d});
 }
 
 /// 1 if d lies inside the circle through the counterclockwise a, b, c, -1 outside, 0 on it.
 inline int InCircle(const double* a, const double* b, const double* c, const double* d) {
-  return BallSign<2>({a, b, c, d});
+  return Sign<2, 4>({a, b, c, d});
 }
 
 /// 1 if e lies inside the sphere through a, b, c, d of positive Orient3D, -1 outside, 0 on it.
 inline int InSphere(const double* a, const double* b, const double* c, const double* d,
                     const double* e) {
-  return BallSign<3>({a, b, c, d, e});
+  return Sign<3, 5>({a, b, c, d, e});
 }
 
 }  // namespace exact

@@ -17,15 +17,8 @@
 
 namespace {
 
+using namespace mesh;
 using namespace zyl::geometry::internal;
-using mesh::Check;
-using mesh::Generate;
-using mesh::kJoined;
-using mesh::kLoose;
-using mesh::Lines;
-using mesh::Points;
-using mesh::Triangulate;
-using mesh::Triangulation;
 
 double Unit(std::mt19937_64& random) { return std::uniform_real_distribution<>(0, 1)(random); }
 
@@ -227,7 +220,7 @@ TEST(Breaklines, NearlyCollinearSegmentsEnd) {
   tri_SetQuiet(0);
 }
 
-class DamagedRings : public mesh::HandMade {
+class DamagedRings : public HandMade {
  protected:
   DamagedRings() {
     exactinit();

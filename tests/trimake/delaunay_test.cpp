@@ -17,12 +17,8 @@
 
 namespace {
 
+using namespace mesh;
 using namespace zyl::geometry::internal;
-using mesh::Generate;
-using mesh::Lines;
-using mesh::Points;
-using mesh::Triangulate;
-using mesh::Triangulation;
 using Corners = std::vector<std::array<int, 3>>;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -30,7 +26,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 template <class X, class Y>
 TPoint At(X x, Y y) {
-  return {static_cast<double>(x), static_cast<double>(y), 0, mesh::kLoose};
+  return {static_cast<double>(x), static_cast<double>(y), 0, kLoose};
 }
 
 // The merge keeps the candidate on the right: the diagonal of a square starts in its lower right.
@@ -40,9 +36,9 @@ TEST(Delaunay, ATieOnTheCircleGoesToTheRightAndAnEdgeListsItsSegmentsNewestFirst
   EXPECT_EQ(Triangulate(Lines({{0, 0}, {1, 0}, {0, 1}, {1, 1}})).triangles, expected);
   const Points points = Lines({{0, 0, 2, 0, 2, 2, 0, 2, 0, 0, 2, 0}, {2, 0, 0, 0}});
   const Triangulation mesh = Triangulate(points);
-  mesh::Check(points, mesh);
+  Check(points, mesh);
   ASSERT_EQ(mesh.triangles, expected);
-  EXPECT_EQ(mesh.segments[0][2], (mesh::Segments{{6, 7}, {4, 5}, {0, 1}}));
+  EXPECT_EQ(mesh.segments[0][2], (Segments{{6, 7}, {4, 5}, {0, 1}}));
 }
 
 // Duplicates are sought along the sorted order, from the last vertex on: a row of points each
@@ -53,7 +49,7 @@ TEST(Delaunay, CoincidentPointsAreOneVertexTheEarliestOfTheInput) {
   points[3].z = 20;
   const Triangulation mesh = Triangulate(points);
   EXPECT_EQ(mesh.vertices[0].z, 10);
-  mesh::Check(points, mesh);
+  Check(points, mesh);
   points = Generate(10, [](int i) { return At(0.7e-8 * i, i / 9); });
   EXPECT_EQ(Triangulate(points).vertices.size(), 6u);
 }
@@ -79,7 +75,7 @@ TEST(Delaunay, PassesTheVerifier) {
   };
   const auto ringSide = [&](int i) {
     TPoint p = i < 3000 ? onCircle(i * 6.283 / 3000, 500 + 500 * unit()) : At(-9, i);
-    p.flag = i % 3000 == 0 ? mesh::kLoose : mesh::kJoined;
+    p.flag = i % 3000 == 0 ? kLoose : kJoined;
     return p;
   };
   const std::pair<const char*, Points> shapes[] = {
@@ -104,7 +100,7 @@ TEST(Delaunay, PassesTheVerifier) {
   };
   for (const auto& [name, points] : shapes) {
     SCOPED_TRACE(name);
-    mesh::Check(points);
+    Check(points);
   }
 }
 
@@ -123,7 +119,7 @@ TEST(Delaunay, SmallInputsOnAGridPassTheVerifier) {
     const std::size_t distinct = std::set<exact::Point2>(places.begin(), places.end()).size();
     const Triangulation mesh = Triangulate(points);
     if (exact::HasArea(places)) {
-      mesh::Check(points, mesh);
+      Check(points, mesh);
     } else {
       EXPECT_EQ(mesh.result, distinct < 3 ? -1 : 0);
       EXPECT_EQ(mesh.vertices.size(), distinct < 3 ? 0 : distinct);
@@ -233,7 +229,7 @@ TEST(Delaunay, EveryOutputMayBeLeftOut) {
 }
 
 // The run of a build: sorted vertices without edges.
-class Runs : public mesh::HandMade {
+class Runs : public HandMade {
  protected:
   void PlaceRun(std::size_t edges) {
     std::mt19937 random(5);
