@@ -8,7 +8,6 @@
 #include <cstddef>
 
 #include "input.h"
-#include "support/even_odd.h"
 #include "support/mesh_checker.h"
 
 namespace {
@@ -21,12 +20,19 @@ bool IsTame(const TPoint& p) {
          std::fabs(p.y) <= 1e6;
 }
 
-bool HasCrossing(const mesh::Points& points) {
-  const auto at = [&points](std::size_t i) { return exact::Point2{points[i].x, points[i].y}; };
-  for (std::size_t i = 1; i < points.size(); ++i) {
-    for (std::size_t j = 1; j < i; ++j) {
-      if (points[i].flag == 0 && points[j].flag == 0 &&
-          exact::CrossProperly(at(i - 1), at(i), at(j - 1), at(j))) {
+// Whether c and d lie on different sides of the line from a to b; nothing rounds if they are tame.
+bool Parts(const TPoint& a, const TPoint& b, const TPoint& c, const TPoint& d) {
+  const auto turn = [&](const TPoint& p) {
+    return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x);
+  };
+  return turn(c) * turn(d) < 0;
+}
+
+bool HasCrossing(const mesh::Points& p) {
+  for (std::size_t i = 1; i < p.size(); ++i) {
+    for (std::size_t j = 1; p[i].flag == 0 && j < i; ++j) {
+      if (p[j].flag == 0 && Parts(p[i - 1], p[i], p[j - 1], p[j]) &&
+          Parts(p[j - 1], p[j], p[i - 1], p[i])) {
         return true;
       }
     }
