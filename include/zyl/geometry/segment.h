@@ -56,8 +56,9 @@ struct ZYL_GEOMETRY_API Segment {
   /// `start`, where the answer would be p itself.
   Coord3D GetNearestPoint(const Coord3D& p, double& distance);
 
-  /// Point of this segment nearest to `other`, and the distance between the two. Of the many
-  /// nearest points of parallel segments that overlap, one is given.
+  /// Point of this segment nearest to `other`, and the distance between the two (D. Sunday,
+  /// "Distance between 3D Lines and Segments", 2001). Of the many nearest points of parallel
+  /// segments that overlap, one is given.
   ///
   /// The thresholds are absolute and suit lengths of about a metre. With u and v the vectors from
   /// start to end, the segments count as parallel where |u|²·|v|² − (u·v)² is less than 1e-7, and a
