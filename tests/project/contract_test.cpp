@@ -15,13 +15,15 @@ namespace {
 
 using namespace zyl::geometry;
 
-// Whether a class has a member function of exactly this type, const qualifier included.
+// Whether all these are member functions of exactly this type, const qualifier included.
 template <class Signature, class Class>
-constexpr bool Has(Signature Class::*) {
+using Member = Signature Class::*;
+template <class Signature, class... Classes>
+constexpr bool Has(Member<Signature, Classes>...) {
   return true;
 }
 
-// The same for a free function.
+// The same for free and static functions.
 template <class Signature>
 constexpr bool IsFree(Signature*) {
   return true;
@@ -39,293 +41,205 @@ constexpr bool IsPlain(std::size_t count) {
 
 constexpr std::size_t kDouble = sizeof(double);
 
+using C2 = const Coord2D&;
+using C3 = const Coord3D&;
+using P3 = const Point3D&;
+using D3 = const Direction&;
+
 // Vector types.
 
-static_assert(IsPlain<Coord2D>(2) && IsPlain<Coord3D>(3) && IsPlain<Coord4D>(4));
-static_assert(IsPlain<Point3D>(3) && IsPlain<Direction>(3));
-static_assert(offsetof(Coord3D, x) == 0 && offsetof(Coord3D, y) == kDouble &&
-              offsetof(Coord3D, z) == 2 * kDouble);
-static_assert(offsetof(Point3D, y) == kDouble && offsetof(Point3D, z) == 2 * kDouble);
-static_assert(offsetof(Direction, y) == kDouble && offsetof(Direction, z) == 2 * kDouble);
-static_assert(offsetof(Coord4D, z) == 2 * kDouble && offsetof(Coord4D, w) == 3 * kDouble);
+static_assert(IsPlain<Coord2D>(2) && IsPlain<Coord3D>(3) && IsPlain<Coord4D>(4) &&
+              IsPlain<Point3D>(3) && IsPlain<Direction>(3));
+static_assert(offsetof(Coord3D, y) == kDouble && offsetof(Coord3D, z) == 2 * kDouble &&
+              offsetof(Point3D, y) == kDouble && offsetof(Point3D, z) == 2 * kDouble &&
+              offsetof(Direction, y) == kDouble && offsetof(Direction, z) == 2 * kDouble &&
+              offsetof(Coord4D, z) == 2 * kDouble && offsetof(Coord4D, w) == 3 * kDouble);
 static_assert(!std::is_same_v<Coord3D, Point3D> && !std::is_base_of_v<Coord3D, Direction>);
 
-static_assert(Makes<Coord3D> && Makes<Coord3D, double, double, double>);
-static_assert(Makes<Coord3D, double*> && std::is_convertible_v<const Point3D&, Coord3D>);
-static_assert(Has<Coord3D&(const Coord3D&)>(&Coord3D::operator=));
-static_assert(Has<const Coord3D&(double)>(&Coord3D::operator=));
-static_assert(Has<const Coord3D(const Coord3D&) const>(&Coord3D::operator*));
-static_assert(Has<const Coord3D(double) const>(&Coord3D::operator*));
-static_assert(Has<const Coord3D(const Coord3D&) const>(&Coord3D::operator+));
-static_assert(Has<const Coord3D(const Coord3D&) const>(&Coord3D::operator-));
-static_assert(Has<const Coord3D() const>(&Coord3D::operator-));
-static_assert(Has<const Coord3D&(double)>(&Coord3D::operator*=));
-static_assert(Has<const Coord3D&(const Coord3D&)>(&Coord3D::operator+=));
-static_assert(Has<const Coord3D&(const Coord3D&)>(&Coord3D::operator-=));
-static_assert(Has<bool(const Coord3D&) const>(&Coord3D::operator==));
-static_assert(Has<bool(const Coord3D&) const>(&Coord3D::operator!=));
-static_assert(Has<bool(const Coord3D&) const>(&Coord3D::operator<));
-static_assert(Has<double&(int)>(&Coord3D::operator[]));
-static_assert(Has<double(int) const>(&Coord3D::operator[]));
-static_assert(Has<double(const Coord3D&) const>(&Coord3D::Dot));
-static_assert(Has<Coord3D(const Coord3D&) const>(&Coord3D::Cross));
-static_assert(Has<double() const>(&Coord3D::Magnitude));
-static_assert(Has<double() const>(&Coord3D::MagnitudeSquared));
-static_assert(Has<double(const Coord3D&) const>(&Coord3D::Distance));
-static_assert(Has<double(const Coord3D&) const>(&Coord3D::SquaredDistance));
-static_assert(Has<double(const Coord3D&, const Matrix3&)>(&Coord3D::SquaredDistance));
-static_assert(Has<void()>(&Coord3D::Normalise));
-static_assert(Has<double(const Coord3D&) const>(&Coord3D::Angle));
-static_assert(
-    std::is_same_v<decltype(&Coord3D::Parallel), bool (*)(const Coord3D&, const Coord3D&, double)>);
-static_assert(Has<Coord3D(const Coord3D&)>(&Coord3D::maximum));
-static_assert(Has<Coord3D(const Coord3D&)>(&Coord3D::minimum));
-static_assert(Has<Coord3D(const Coord3D&, const Coord3D&, double)>(&Coord3D::Rotate));
-static_assert(Has<void(Matrix4&, Matrix4&) const>(&Coord3D::GetZUpTransform));
-static_assert(Has<Coord3D(const Plane&) const>(&Coord3D::Project));
+constexpr bool IsCoord3D() {
+  using T = Coord3D;
+  return Makes<T> && Makes<T, double, double, double> && Makes<T, double*> &&
+         std::is_convertible_v<P3, Coord3D> && Has<Coord3D&(C3)>(&T::operator=) &&
+         Has<const Coord3D&(double)>(&T::operator=, &T::operator*=) &&
+         Has<const Coord3D(C3) const>(&T::operator*, &T::operator+, &T::operator-) &&
+         Has<const Coord3D(double) const>(&T::operator*) &&
+         Has<const Coord3D() const>(&T::operator-) &&
+         Has<const Coord3D&(C3)>(&T::operator+=, &T::operator-=) &&
+         Has<bool(C3) const>(&T::operator==, &T::operator!=, &T::operator<) &&
+         Has<double&(int)>(&T::operator[]) && Has<double(int) const>(&T::operator[]) &&
+         Has<double(C3) const>(&T::Dot, &T::Distance, &T::SquaredDistance, &T::Angle) &&
+         Has<double() const>(&T::Magnitude, &T::MagnitudeSquared) &&
+         Has<double(C3, const Matrix3&)>(&T::SquaredDistance) &&
+         IsFree<bool(C3, C3, double)>(&T::Parallel) && Has<Coord3D(C3) const>(&T::Cross) &&
+         Has<Coord3D(C3)>(&T::maximum, &T::minimum) && Has<Coord3D(C3, C3, double)>(&T::Rotate) &&
+         Has<Coord3D(const Plane&) const>(&T::Project);
+}
+static_assert(IsCoord3D());
 
-static_assert(Makes<Direction> && Makes<Direction, double, double, double>);
-static_assert(Makes<Direction, const Coord3D&, const Coord3D&>);
-static_assert(std::is_convertible_v<const Coord3D&, Direction>);
-static_assert(Has<Direction&(const Direction&)>(&Direction::operator=));
-static_assert(Has<void(double, double, double)>(&Direction::SetDirection));
-static_assert(Has<double()>(&Direction::GetXDirection));
-static_assert(Has<double()>(&Direction::GetYDirection));
-static_assert(Has<double()>(&Direction::GetZDirection));
-static_assert(Has<const Direction(double) const>(&Direction::operator*));
-static_assert(Has<const Direction(const Direction&) const>(&Direction::operator+));
-static_assert(Has<const Direction(const Direction&) const>(&Direction::operator-));
-static_assert(Has<const Direction() const>(&Direction::operator-));
-static_assert(Has<const Direction(double) const>(&Direction::operator/));
-static_assert(Has<const Direction&(double)>(&Direction::operator*=));
-static_assert(Has<const Direction&(const Direction&)>(&Direction::operator+=));
-static_assert(Has<const Direction&(const Direction&)>(&Direction::operator-=));
-static_assert(Has<const Direction&(double)>(&Direction::operator/=));
-static_assert(Has<double(int)>(&Direction::operator[]));
-static_assert(Has<double(const Direction&) const>(&Direction::Dot));
-static_assert(Has<double(const Coord3D&) const>(&Direction::Dot));
-static_assert(Has<Direction(const Direction&) const>(&Direction::Cross));
-static_assert(Has<void()>(&Direction::Normalize));
-static_assert(Has<void(Matrix4&, Matrix4&) const>(&Direction::GetZUpTransform));
-static_assert(Has<void(double, double)>(&Direction::SetDirectionByBearingDegrees));
+constexpr bool IsDirection() {
+  using T = Direction;
+  return Makes<T> && Makes<T, double, double, double> && Makes<T, C3, C3> &&
+         std::is_convertible_v<C3, Direction> && Has<Direction&(D3)>(&T::operator=) &&
+         Has<double()>(&T::GetXDirection, &T::GetYDirection, &T::GetZDirection) &&
+         Has<const Direction(double) const>(&T::operator*, &T::operator/) &&
+         Has<const Direction(D3) const>(&T::operator+, &T::operator-) &&
+         Has<const Direction() const>(&T::operator-) &&
+         Has<const Direction&(double)>(&T::operator*=, &T::operator/=) &&
+         Has<const Direction&(D3)>(&T::operator+=, &T::operator-=) &&
+         Has<double(int)>(&T::operator[]) && Has<double(D3) const>(&T::Dot) &&
+         Has<double(C3) const>(&T::Dot) && Has<Direction(D3) const>(&T::Cross) &&
+         Has<void()>(&T::Normalize, &Coord3D::Normalise) &&
+         Has<void(double, double, double)>(&T::SetDirection) &&
+         Has<void(double, double)>(&T::SetDirectionByBearingDegrees) &&
+         Has<void(Matrix4&, Matrix4&) const>(&Coord3D::GetZUpTransform, &T::GetZUpTransform,
+                                             &Plane::GetZUpTransform);
+}
+static_assert(IsDirection());
 
 // Matrices and transformations.
 
-static_assert(IsPlain<Matrix3>(9) && IsPlain<Matrix4>(16));
-static_assert(std::is_same_v<decltype(Matrix3::Identity), const Matrix3>);
-static_assert(std::is_same_v<decltype(Matrix4::Identity), const Matrix4>);
-static_assert(std::is_empty_v<Matrix3::NonInvertableException> &&
-              std::is_empty_v<Matrix4::NonInvertableException>);
+template <class M, int N, class Column>
+constexpr bool IsMatrix() {
+  return Has<Column(int) const>(&M::GetColumn) && Has<void(int, const Column&)>(&M::SetColumn) &&
+         IsPlain<M>(N * N) && std::is_same_v<decltype(M::Identity), const M> &&
+         std::is_empty_v<typename M::NonInvertableException> && Makes<M> &&
+         Makes<M, const double*> && std::is_convertible_v<M&, double*> &&
+         std::is_convertible_v<const M&, const double*> &&
+         Has<M&(const M&)>(&M::operator=, &M::operator*=, &M::operator+=, &M::operator-=) &&
+         Has<M(const M&) const>(&M::operator*, &M::operator+, &M::operator-) &&
+         Has<M&(double)>(&M::operator*=) && Has<M(double) const>(&M::operator*) &&
+         Has<bool(const M&) const>(&M::operator==, &M::operator!=) &&
+         Has<double*(int)>(&M::operator[]) && Has<const double*(int) const>(&M::operator[]) &&
+         Has<Coord3D(C3) const>(&M::operator*) &&
+         Has<void()>(&M::SetIdentity, &M::Transpose, &M::Invert) && Has<void(double)>(&M::Scale) &&
+         Has<void(double*) const>(&M::AsCoefficients) && Has<bool() const>(&M::IsIdentity) &&
+         Has<double(int, int) const>(&M::Cofactor) && Has<double() const>(&M::Det) &&
+         Has<M() const>(&M::Adjoint, &M::Inverse);
+}
+static_assert(IsMatrix<Matrix3, 3, Coord3D>() && IsMatrix<Matrix4, 4, Coord4D>());
 
-static_assert(Makes<Matrix3> && Makes<Matrix3, const double*> && Makes<Matrix3, const Matrix4&>);
-static_assert(Has<Matrix3&(const Matrix3&)>(&Matrix3::operator=));
-static_assert(Has<void()>(&Matrix3::SetIdentity));
-static_assert(Has<double*(int)>(&Matrix3::operator[]));
-static_assert(Has<const double*(int) const>(&Matrix3::operator[]));
-static_assert(std::is_convertible_v<Matrix3&, double*> &&
-              std::is_convertible_v<const Matrix3&, const double*>);
-static_assert(Has<Coord3D(int) const>(&Matrix3::GetColumn));
-static_assert(Has<void(int, const Coord3D&)>(&Matrix3::SetColumn));
-static_assert(Has<void(double*) const>(&Matrix3::AsCoefficients));
-static_assert(Has<bool(const Matrix3&) const>(&Matrix3::operator==));
-static_assert(Has<bool(const Matrix3&) const>(&Matrix3::operator!=));
-static_assert(Has<bool() const>(&Matrix3::IsIdentity));
-static_assert(Has<Matrix3(const Matrix3&) const>(&Matrix3::operator*));
-static_assert(Has<Matrix3&(const Matrix3&)>(&Matrix3::operator*=));
-static_assert(Has<Matrix3(double) const>(&Matrix3::operator*));
-static_assert(Has<Matrix3&(double)>(&Matrix3::operator*=));
-static_assert(Has<Matrix3(const Matrix3&) const>(&Matrix3::operator+));
-static_assert(Has<Matrix3(const Matrix3&) const>(&Matrix3::operator-));
-static_assert(Has<Matrix3&(const Matrix3&)>(&Matrix3::operator+=));
-static_assert(Has<Matrix3&(const Matrix3&)>(&Matrix3::operator-=));
-static_assert(Has<Coord3D(const Coord3D&) const>(&Matrix3::operator*));
-static_assert(Has<Coord2D(const Coord2D&) const>(&Matrix3::operator*));
-static_assert(Has<void(double)>(&Matrix3::Rotate));
-static_assert(Has<void(double, double)>(&Matrix3::Translate));
-static_assert(Has<void(const Coord2D&)>(&Matrix3::Translate));
-static_assert(Has<void(double)>(&Matrix3::Scale));
-static_assert(Has<void()>(&Matrix3::Transpose));
-static_assert(Has<void(Matrix3&)>(&Matrix3::TransposeTo));
-static_assert(Has<double(int, int) const>(&Matrix3::Cofactor));
-static_assert(Has<double() const>(&Matrix3::Det));
-static_assert(Has<Matrix3() const>(&Matrix3::Adjoint));
-static_assert(Has<Matrix3() const>(&Matrix3::Inverse));
-static_assert(Has<void()>(&Matrix3::Invert));
+constexpr bool IsMatrix3() {
+  using T = Matrix3;
+  return Makes<T, const Matrix4&> && Has<Coord2D(C2) const>(&T::operator*) &&
+         Has<void(double)>(&T::Rotate) && Has<void(double, double)>(&T::Translate) &&
+         Has<void(C2)>(&T::Translate) && Has<void(Matrix3&)>(&T::TransposeTo);
+}
+static_assert(IsMatrix3());
 
-static_assert(Makes<Matrix4> && Makes<Matrix4, const double*> &&
-              Makes<Matrix4, const double (&)[4][4]> && Makes<Matrix4, const Transformation3D&>);
-static_assert(Has<Matrix4&(const Matrix4&)>(&Matrix4::operator=));
-static_assert(Has<void(const double (&)[4][4])>(&Matrix4::Create));
-static_assert(Has<void()>(&Matrix4::SetIdentity));
-static_assert(Has<double*(int)>(&Matrix4::operator[]));
-static_assert(Has<const double*(int) const>(&Matrix4::operator[]));
-static_assert(std::is_convertible_v<Matrix4&, double*> &&
-              std::is_convertible_v<const Matrix4&, const double*>);
-static_assert(Has<Coord4D(int) const>(&Matrix4::GetColumn));
-static_assert(Has<void(int, const Coord4D&)>(&Matrix4::SetColumn));
-static_assert(Has<void(double*) const>(&Matrix4::AsCoefficients));
-static_assert(Has<bool(const Matrix4&) const>(&Matrix4::operator==));
-static_assert(Has<bool(const Matrix4&) const>(&Matrix4::operator!=));
-static_assert(Has<bool() const>(&Matrix4::IsIdentity));
-static_assert(Has<Matrix4(const Matrix4&) const>(&Matrix4::operator*));
-static_assert(Has<Matrix4&(const Matrix4&)>(&Matrix4::operator*=));
-static_assert(Has<Matrix4(double) const>(&Matrix4::operator*));
-static_assert(Has<Matrix4&(double)>(&Matrix4::operator*=));
-static_assert(Has<Matrix4(const Matrix4&) const>(&Matrix4::operator+));
-static_assert(Has<Matrix4(const Matrix4&) const>(&Matrix4::operator-));
-static_assert(Has<Matrix4&(const Matrix4&)>(&Matrix4::operator+=));
-static_assert(Has<Matrix4&(const Matrix4&)>(&Matrix4::operator-=));
-static_assert(Has<Coord3D(const Coord3D&) const>(&Matrix4::operator*));
-static_assert(Has<Point3D(const Point3D&) const>(&Matrix4::operator*));
-static_assert(Has<Plane(const Plane&) const>(&Matrix4::operator*));
-static_assert(Has<void(double)>(&Matrix4::RotateX));
-static_assert(Has<void(double)>(&Matrix4::RotateY));
-static_assert(Has<void(double)>(&Matrix4::RotateZ));
-static_assert(Has<void(double, double, double)>(&Matrix4::Rotate));
-static_assert(Has<void(double, const Coord3D&)>(&Matrix4::Rotate));
-static_assert(Has<void(double, double, double)>(&Matrix4::Scale));
-static_assert(Has<void(double)>(&Matrix4::Scale));
-static_assert(Has<void(double, double, double)>(&Matrix4::Translate));
-static_assert(Has<void(const Coord3D&)>(&Matrix4::Translate));
-static_assert(Has<void()>(&Matrix4::Transpose));
-static_assert(Has<void(Matrix4&) const>(&Matrix4::TransposeTo));
-static_assert(Has<double(int, int) const>(&Matrix4::Cofactor));
-static_assert(Has<double() const>(&Matrix4::Det));
-static_assert(Has<Matrix4() const>(&Matrix4::Adjoint));
-static_assert(Has<Matrix4() const>(&Matrix4::Inverse));
-static_assert(Has<void()>(&Matrix4::Invert));
-static_assert(Has<void() const>(&Matrix4::ToString));
+constexpr bool IsMatrix4() {
+  using T = Matrix4;
+  return Makes<T, const double(&)[4][4]> && Makes<T, const Transformation3D&> &&
+         Has<void(const double(&)[4][4])>(&T::Create) && Has<Point3D(P3) const>(&T::operator*) &&
+         Has<Plane(const Plane&) const>(&T::operator*) &&
+         Has<void(double)>(&T::RotateX, &T::RotateY, &T::RotateZ) &&
+         Has<void(double, double, double)>(&T::Rotate, &T::Scale, &T::Translate) &&
+         Has<void(double, C3)>(&T::Rotate) && Has<void(C3)>(&T::Translate) &&
+         Has<void(Matrix4&) const>(&T::TransposeTo) && Has<void() const>(&T::ToString);
+}
+static_assert(IsMatrix4());
 
 static_assert(std::is_abstract_v<Transformation> && std::has_virtual_destructor_v<Transformation> &&
               sizeof(Transformation) == sizeof(void*));
 static_assert(std::is_base_of_v<Transformation, Transformation3D> &&
               std::is_polymorphic_v<Transformation3D>);
 static_assert(Makes<Transformation3D> && Makes<Transformation3D, double*>);
-static_assert(Has<Coord3D(const Coord3D&) const>(&Transformation::transform));
-static_assert(Has<Coord3D(const Coord3D&) const>(&Transformation::inverse_transform));
-static_assert(Has<Coord3D(const Coord3D&) const>(&Transformation3D::transform));
-static_assert(Has<Coord3D(const Coord3D&) const>(&Transformation3D::inverse_transform));
+static_assert(Has<Coord3D(C3) const>(&Transformation::transform, &Transformation::inverse_transform,
+                                     &Transformation3D::transform,
+                                     &Transformation3D::inverse_transform));
 static_assert(Has<void(double*) const>(&Transformation3D::AsCoefficients));
 
 // Boxes.
 
-static_assert(IsPlain<Extent>(6) && IsPlain<Bounds3D>(6) && IsPlain<Extent_type_s>(7));
-static_assert(IsPlain<Extent2D>(4) && IsPlain<Bounds2D>(4));
-static_assert(offsetof(Extent, min) == 0 && offsetof(Extent, max) == 3 * kDouble);
-static_assert(offsetof(Bounds3D, min) == 0 && offsetof(Bounds3D, max) == 3 * kDouble);
-static_assert(offsetof(Extent2D, max) == 2 * kDouble && offsetof(Bounds2D, max) == 2 * kDouble);
+template <class Box, class Corner, class Bounds>
+constexpr bool IsBox() {
+  return std::is_same_v<decltype(Box::min), Corner> &&
+         std::is_same_v<decltype(Bounds::max), Corner> && Makes<Box> && Makes<Box, const Corner&> &&
+         Makes<Box, const Corner&, const Corner&> && Makes<Box, const Bounds&> &&
+         Makes<Box, const Extent_type_s&> && Has<Box&(const Box&)>(&Box::operator=) &&
+         Has<void()>(&Box::SetEmpty) && Has<bool() const>(&Box::IsValid) &&
+         Has<void(const Corner&)>(&Box::AddPoint) &&
+         Has<bool(const Box&, Box&) const>(&Box::GetIntersection) &&
+         Has<bool(const Box&) const>(&Box::Hit, &Box::IsOverlapping, &Box::IsCoveredBy,
+                                     &Box::IsInside) &&
+         Has<bool(const Corner&) const>(&Box::IsInside) &&
+         Has<Corner() const>(&Box::Sides, &Box::Centroid) && Has<void(double)>(&Box::Expand) &&
+         Has<std::vector<Corner>() const>(&Box::GetCornerPoints);
+}
+static_assert(IsBox<Extent, Coord3D, Bounds3D>() && IsBox<Extent2D, Coord2D, Bounds2D>());
+static_assert(IsPlain<Extent>(6) && IsPlain<Bounds3D>(6) && IsPlain<Extent_type_s>(7) &&
+              IsPlain<Extent2D>(4) && IsPlain<Bounds2D>(4));
+static_assert(offsetof(Extent, max) == 3 * kDouble && offsetof(Bounds3D, max) == 3 * kDouble &&
+              offsetof(Extent2D, max) == 2 * kDouble && offsetof(Bounds2D, max) == 2 * kDouble);
 
-static_assert(Makes<Extent> && Makes<Extent, const Coord3D&> &&
-              Makes<Extent, const Coord3D&, const Coord3D&> &&
-              Makes<Extent, const Coord3D&, const Coord3D&, const Coord3D&> &&
-              Makes<Extent, double, double, double, double, double, double> &&
-              Makes<Extent, const Bounds3D&> && Makes<Extent, const Extent_type_s&>);
-static_assert(Has<Extent&(const Extent&)>(&Extent::operator=));
-static_assert(Has<bool(const Extent&) const>(&Extent::operator==));
-static_assert(Has<bool(const Extent&) const>(&Extent::operator!=));
-static_assert(Has<void()>(&Extent::SetEmpty));
-static_assert(Has<bool() const>(&Extent::IsValid));
-static_assert(Has<void(const Coord3D&)>(&Extent::AddPoint));
-static_assert(Has<void(const Extent&)>(&Extent::Union));
-static_assert(Has<bool(const Extent&, Extent&) const>(&Extent::GetIntersection));
-static_assert(Has<bool(const Extent&) const>(&Extent::Hit));
-static_assert(Has<bool(const Extent&) const>(&Extent::IsOverlapping));
-static_assert(Has<bool(const Extent&) const>(&Extent::IsCoveredBy));
-static_assert(Has<bool(const Extent&) const>(&Extent::IsInside));
-static_assert(Has<bool(const Coord3D&) const>(&Extent::IsInside));
-static_assert(Has<Coord3D() const>(&Extent::Sides));
-static_assert(Has<Coord3D() const>(&Extent::Centroid));
-static_assert(Has<double() const>(&Extent::GetVolume));
-static_assert(Has<void(double)>(&Extent::Expand));
-static_assert(Has<void(double)>(&Extent::ExpandKeepingAspect));
-static_assert(Has<double(const Coord3D&) const>(&Extent::Distance));
-static_assert(Has<double(const Segment&) const>(&Extent::Distance));
-static_assert(Has<std::vector<Coord3D>() const>(&Extent::GetCornerPoints));
-static_assert(Has<std::vector<Extent>() const>(&Extent::GetOctants));
-static_assert(Has<void(Polyline3D&, Polyline3D&)>(&Extent::GetTopBottomPolygons));
-static_assert(
-    std::is_same_v<decltype(&::FindPointsExtent), Extent (*)(const std::vector<Point3D>&)>);
+constexpr bool IsExtent() {
+  using T = Extent;
+  return Makes<T, C3, C3, C3> && Makes<T, double, double, double, double, double, double> &&
+         Has<bool(const Extent&) const>(&T::operator==, &T::operator!=) &&
+         Has<void(const Extent&)>(&T::Union) && Has<double() const>(&T::GetVolume) &&
+         Has<void(double)>(&T::ExpandKeepingAspect) && Has<double(C3) const>(&T::Distance) &&
+         Has<double(const Segment&) const>(&T::Distance) &&
+         Has<std::vector<Extent>() const>(&T::GetOctants) &&
+         Has<void(Polyline3D&, Polyline3D&)>(&T::GetTopBottomPolygons) &&
+         IsFree<Extent(const std::vector<Point3D>&)>(&::FindPointsExtent);
+}
+static_assert(IsExtent());
 
-static_assert(Makes<Extent2D> && Makes<Extent2D, double, double, double, double> &&
-              Makes<Extent2D, const Coord2D&> && Makes<Extent2D, const Coord2D&, const Coord2D&> &&
-              Makes<Extent2D, const Bounds2D&> && Makes<Extent2D, const Extent&> &&
-              Makes<Extent2D, const Extent_type_s&>);
-static_assert(Has<Extent2D&(const Extent2D&)>(&Extent2D::operator=));
-static_assert(Has<Extent2D&(const Bounds2D&)>(&Extent2D::operator=));
-static_assert(Has<Extent2D&(const Extent&)>(&Extent2D::operator=));
-static_assert(Has<Extent2D&(const Extent_type_s&)>(&Extent2D::operator=));
-static_assert(Has<void()>(&Extent2D::SetEmpty));
-static_assert(Has<bool() const>(&Extent2D::IsValid));
-static_assert(Has<void(const Coord2D&)>(&Extent2D::AddPoint));
-static_assert(Has<bool(const Extent2D&, Extent2D&) const>(&Extent2D::GetIntersection));
-static_assert(Has<bool(const Extent2D&) const>(&Extent2D::Hit));
-static_assert(Has<bool(const Extent2D&) const>(&Extent2D::IsOverlapping));
-static_assert(Has<bool(const Extent2D&) const>(&Extent2D::IsCoveredBy));
-static_assert(Has<bool(const Extent2D&) const>(&Extent2D::IsInside));
-static_assert(Has<bool(double, double) const>(&Extent2D::IsInside));
-static_assert(Has<bool(const Coord2D&) const>(&Extent2D::IsInside));
-static_assert(Has<Coord2D() const>(&Extent2D::Sides));
-static_assert(Has<Coord2D() const>(&Extent2D::Centroid));
-static_assert(Has<double(bool) const>(&Extent2D::GetArea));
-static_assert(Has<void(double)>(&Extent2D::Expand));
-static_assert(Has<std::vector<Coord2D>() const>(&Extent2D::GetCornerPoints));
+constexpr bool IsExtent2D() {
+  using T = Extent2D;
+  return Makes<T, double, double, double, double> && Makes<T, const Extent&> &&
+         Has<Extent2D&(const Bounds2D&)>(&T::operator=) &&
+         Has<Extent2D&(const Extent&)>(&T::operator=) &&
+         Has<Extent2D&(const Extent_type_s&)>(&T::operator=) &&
+         Has<bool(double, double) const>(&T::IsInside) && Has<double(bool) const>(&T::GetArea);
+}
+static_assert(IsExtent2D());
 
 // Planes, linear primitives, triangles, ellipsoids and circles.
 
-static_assert(std::is_standard_layout_v<Plane> && sizeof(Plane) == 4 * kDouble);
-static_assert(offsetof(Plane, b) == kDouble && offsetof(Plane, c) == 2 * kDouble &&
+static_assert(std::is_standard_layout_v<Plane> && sizeof(Plane) == 4 * kDouble &&
+              offsetof(Plane, b) == kDouble && offsetof(Plane, c) == 2 * kDouble &&
               offsetof(Plane, d) == 3 * kDouble);
-static_assert(Makes<Plane> && Makes<Plane, double, double, double, double> &&
-              Makes<Plane, const Plane&> && Makes<Plane, const Direction&, double> &&
-              Makes<Plane, const Direction&, const Coord3D&> &&
-              Makes<Plane, const Direction&, const Point3D&> &&
-              Makes<Plane, const Coord3D&, const Coord3D&, const Coord3D&> &&
-              Makes<Plane, const Coord3D*> && Makes<Plane, const Triangle&> &&
-              Makes<Plane, const Coord3D&, const Coord3D&, double> &&
-              Makes<Plane, const Coord3D&, double, double>);
-static_assert(Has<Plane&(const Plane&)>(&Plane::operator=));
-static_assert(Has<double(const Coord3D&, bool) const>(&Plane::Distance));
-static_assert(Has<double(const Coord3D&) const>(&Plane::Orientation));
-static_assert(Has<Coord3D() const>(&Plane::Normal));
-static_assert(Has<int()>(&Plane::Normalize));
-static_assert(Has<void(double)>(&Plane::Move));
-static_assert(Has<void()>(&Plane::Reverse));
-static_assert(Has<bool(const Plane&, Direction&, Point3D&) const>(&Plane::Intersect));
-static_assert(Has<void(Matrix4&, Matrix4&) const>(&Plane::GetZUpTransform));
+constexpr bool IsPlane() {
+  using T = Plane;
+  return Makes<T> && Makes<T, double, double, double, double> && Makes<T, const Plane&> &&
+         Makes<T, D3, double> && Makes<T, D3, C3> && Makes<T, D3, P3> && Makes<T, C3, C3, C3> &&
+         Makes<T, const Coord3D*> && Makes<T, const Triangle&> && Makes<T, C3, C3, double> &&
+         Makes<T, C3, double, double> && Has<Plane&(const Plane&)>(&T::operator=) &&
+         Has<double(C3, bool) const>(&T::Distance) && Has<double(C3) const>(&T::Orientation) &&
+         Has<Coord3D() const>(&T::Normal) && Has<int()>(&T::Normalize) &&
+         Has<void(double)>(&T::Move) && Has<void()>(&T::Reverse) &&
+         Has<bool(const Plane&, Direction&, Point3D&) const>(&T::Intersect);
+}
+static_assert(IsPlane());
 
 static_assert(IsPlain<Segment>(6) && IsPlain<Ray>(6) && IsPlain<Intersection>(4));
 static_assert(offsetof(Segment, end) == 3 * kDouble && offsetof(Ray, direction) == 3 * kDouble &&
               offsetof(Intersection, parameter) == 3 * kDouble);
-static_assert(Makes<Segment> && Makes<Segment, const Coord3D&, const Coord3D&> &&
-              Makes<Segment, const Point3D&, const Point3D&>);
-static_assert(Has<double() const>(&Segment::Length));
-static_assert(Has<double(const Segment&)>(&Segment::AngleBetween));
-static_assert(Has<void(const Coord3D&, double&, double&)>(&Segment::DistanceAlong));
-static_assert(Has<Coord3D(const Coord3D&)>(&Segment::ProjectPoint));
-static_assert(Has<Coord3D(const Coord3D&, double&)>(&Segment::GetNearestPoint));
-static_assert(Has<Coord3D(const Segment&, double&)>(&Segment::GetNearestPoint));
-static_assert(Has<double(const Coord3D&)>(&Segment::Distance));
-static_assert(Has<double(const Segment&)>(&Segment::Distance));
-static_assert(Makes<Ray> && Makes<Ray, const Coord3D&, const Coord3D&> &&
-              Makes<Ray, const Coord3D&, const Direction&>);
-static_assert(Makes<Intersection> && Makes<Intersection, const Coord3D&, double> &&
+static_assert(Makes<Segment> && Makes<Segment, C3, C3> && Makes<Segment, P3, P3>);
+static_assert(Makes<Ray> && Makes<Ray, C3, C3> && Makes<Ray, C3, D3>);
+static_assert(Makes<Intersection> && Makes<Intersection, C3, double> &&
               Makes<Intersection, double, double, double, double>);
+static_assert(Has<double() const>(&Segment::Length) &&
+              Has<double(const Segment&)>(&Segment::AngleBetween));
+static_assert(Has<void(C3, double&, double&)>(&Segment::DistanceAlong) &&
+              Has<Coord3D(C3)>(&Segment::ProjectPoint));
 
 static_assert(IsPlain<Triangle>(9) && offsetof(Triangle, p1) == 3 * kDouble &&
-              offsetof(Triangle, p2) == 6 * kDouble);
-static_assert(std::is_same_v<decltype(Triangle::p0), Point3D>);
+              offsetof(Triangle, p2) == 6 * kDouble &&
+              std::is_same_v<decltype(Triangle::p0), Point3D>);
 static_assert(Has<Bounds3D() const>(&Triangle::GetExtent));
-static_assert(Has<Coord3D(const Coord3D&, double&)>(&Triangle::GetNearestPoint));
-static_assert(Has<Coord3D(const Segment&, double&)>(&Triangle::GetNearestPoint));
-static_assert(Has<double(const Coord3D&)>(&Triangle::Distance));
-static_assert(Has<double(const Segment&)>(&Triangle::Distance));
-static_assert(Has<bool(const Segment&)>(&Triangle::Intersect));
-static_assert(Has<bool(const Triangle&)>(&Triangle::IsTouching));
+static_assert(Has<bool(const Segment&)>(&Triangle::Intersect) &&
+              Has<bool(const Triangle&)>(&Triangle::IsTouching));
+static_assert(Has<Coord3D(C3, double&)>(&Segment::GetNearestPoint, &Triangle::GetNearestPoint));
+static_assert(Has<Coord3D(const Segment&, double&)>(&Segment::GetNearestPoint,
+                                                    &Triangle::GetNearestPoint));
+static_assert(Has<double(C3)>(&Segment::Distance, &Triangle::Distance));
+static_assert(Has<double(const Segment&)>(&Segment::Distance, &Triangle::Distance));
 
 static_assert(IsPlain<Ellipsoid>(18) && offsetof(Ellipsoid, ratios) == 3 * kDouble &&
               offsetof(Ellipsoid, angles) == 6 * kDouble &&
               offsetof(Ellipsoid, matrix) == 9 * kDouble);
-static_assert(Makes<Ellipsoid> && Makes<Ellipsoid, const Coord3D&, const Coord3D&>);
+static_assert(Makes<Ellipsoid> && Makes<Ellipsoid, C3, C3>);
 
 static_assert(IsPlain<EncCircle>(3) && offsetof(EncCircle, y) == kDouble &&
               offsetof(EncCircle, radius) == 2 * kDouble);
@@ -336,78 +250,64 @@ static_assert(IsFree<EncCircle(unsigned int, const Point3D*)>(&SmallestEnclosing
 
 // Polylines.
 
-static_assert(!std::is_polymorphic_v<Polyline3D>);
-static_assert(Makes<Polyline3D> && Makes<Polyline3D, const std::vector<Point3D>&> &&
-              Makes<Polyline3D, unsigned int, double*, double*, double*> &&
-              Makes<Polyline3D, unsigned int, const Point3D*>);
-static_assert(Has<Polyline3D&(const Polyline3D&)>(&Polyline3D::operator=));
-static_assert(Has<void(Polyline3D&)>(&Polyline3D::Swap));
-static_assert(Has<bool(const Polyline3D&) const>(&Polyline3D::operator==));
-static_assert(Has<bool(const Polyline3D&) const>(&Polyline3D::operator!=));
-static_assert(Has<unsigned int() const>(&Polyline3D::Size));
-static_assert(Has<Point3D&(unsigned int)>(&Polyline3D::operator[]));
-static_assert(Has<const Point3D&(unsigned int) const>(&Polyline3D::operator[]));
-static_assert(Has<std::vector<Point3D>&()>(&Polyline3D::GetPointVector));
-static_assert(Has<const std::vector<Point3D>&() const>(&Polyline3D::GetPointVector));
-static_assert(Has<void(const double&, const double&, const double&)>(&Polyline3D::Add));
-static_assert(Has<void(const Point3D&)>(&Polyline3D::Add));
-static_assert(Has<void()>(&Polyline3D::Clear));
-static_assert(Has<void(unsigned int)>(&Polyline3D::Resize));
-static_assert(Has<void()>(&Polyline3D::Reverse));
-static_assert(Has<void(const double&, const int&)>(&Polyline3D::Set));
-static_assert(Has<void(const Point3D&)>(&Polyline3D::Translate));
-static_assert(Has<void(CoordinateType, std::vector<double>&) const>(&Polyline3D::GetAsArray));
-static_assert(Has<const Point3D() const>(&Polyline3D::GetCenterPoint));
-static_assert(Has<bool() const>(&Polyline3D::IsClosed));
-static_assert(Has<void(bool)>(&Polyline3D::SetClosed));
-static_assert(Has<int()>(&Polyline3D::GetColour));
-static_assert(Has<int() const>(&Polyline3D::GetColour));
-static_assert(Has<void(const int&)>(&Polyline3D::SetColour));
-static_assert(Has<std::string()>(&Polyline3D::GetName));
-static_assert(Has<const std::string&() const>(&Polyline3D::GetName));
-static_assert(Has<void(const std::string&)>(&Polyline3D::SetName));
-static_assert(Has<int()>(&Polyline3D::GetNameAsInt));
-static_assert(Has<int() const>(&Polyline3D::GetNameAsInt));
-static_assert(Has<void(const int&)>(&Polyline3D::SetNameAsInt));
-static_assert(Has<std::string() const>(&Polyline3D::PrintDebug));
-static_assert(Has<void(Direction&) const>(&Polyline3D::GetPolygonNormal));
-static_assert(Has<void(std::vector<Point3D>&, std::vector<Point3D>&, const double&)>(
-    &Polyline3D::GetPointNormals));
-static_assert(Has<bool() const>(&Polyline3D::IsClockwise));
-static_assert(Has<bool(const Point3D&, bool, double) const>(&Polyline3D::IsPointOnEdge));
-static_assert(Has<bool(const Point3D&) const>(&Polyline3D::IsPointInside));
-static_assert(
-    Has<bool(const double&, const double&, const double&) const>(&Polyline3D::IsPointInside));
+using Count = unsigned int;
+constexpr bool IsPolyline() {
+  using T = Polyline3D;
+  return !std::is_polymorphic_v<Polyline3D> && Makes<T> && Makes<T, const std::vector<Point3D>&> &&
+         Makes<T, Count, double*, double*, double*> && Makes<T, Count, const Point3D*> &&
+         Has<Polyline3D&(const Polyline3D&)>(&T::operator=) && Has<void(Polyline3D&)>(&T::Swap) &&
+         Has<bool(const Polyline3D&) const>(&T::operator==, &T::operator!=) &&
+         Has<Count() const>(&T::Size) && Has<void(Count)>(&T::Resize) &&
+         Has<Point3D&(Count)>(&T::operator[]) && Has<const Point3D&(Count) const>(&T::operator[]) &&
+         Has<std::vector<Point3D>&()>(&T::GetPointVector) &&
+         Has<const std::vector<Point3D>&() const>(&T::GetPointVector) &&
+         Has<void(const double&, const double&, const double&)>(&T::Add) &&
+         Has<void(P3)>(&T::Add, &T::Translate) && Has<void()>(&T::Clear, &T::Reverse) &&
+         Has<void(const double&, const int&)>(&T::Set) &&
+         Has<void(CoordinateType, std::vector<double>&) const>(&T::GetAsArray) &&
+         Has<const Point3D() const>(&T::GetCenterPoint) &&
+         Has<bool() const>(&T::IsClosed, &T::IsClockwise) && Has<void(bool)>(&T::SetClosed) &&
+         Has<int()>(&T::GetColour, &T::GetNameAsInt) &&
+         Has<int() const>(&T::GetColour, &T::GetNameAsInt) &&
+         Has<void(const int&)>(&T::SetColour, &T::SetNameAsInt) &&
+         Has<std::string()>(&T::GetName) && Has<const std::string&() const>(&T::GetName) &&
+         Has<void(const std::string&)>(&T::SetName) && Has<std::string() const>(&T::PrintDebug) &&
+         Has<void(Direction&) const>(&T::GetPolygonNormal) &&
+         Has<void(std::vector<Point3D>&, std::vector<Point3D>&, const double&)>(
+             &T::GetPointNormals) &&
+         Has<bool(P3, bool, double) const>(&T::IsPointOnEdge) &&
+         Has<bool(P3) const>(&T::IsPointInside) &&
+         Has<bool(const double&, const double&, const double&) const>(&T::IsPointInside);
+}
+static_assert(IsPolyline());
 
 // The voxel index.
 
+using Location = Voxelation::Location;
 static_assert(std::is_same_v<zyl::geometry::int64, std::int64_t>);
-static_assert(std::is_trivially_copyable_v<Voxelation::Location> &&
-              sizeof(Voxelation::Location) == 3 * sizeof(int) &&
-              offsetof(Voxelation::Location, k) == 2 * sizeof(int));
-static_assert(!std::is_polymorphic_v<Voxelation> && std::is_copy_constructible_v<Voxelation> &&
-              std::is_nothrow_move_constructible_v<Voxelation> &&
-              std::is_nothrow_move_assignable_v<Voxelation>);
-static_assert(Makes<Voxelation> && Makes<Voxelation, const Bounds3D&, int, int, int> &&
-              Makes<Voxelation, const Coord3D&, const Coord3D&, int, int, int>);
-static_assert(Has<Voxelation&(const Voxelation&)>(&Voxelation::operator=));
-static_assert(Has<bool(const Coord3D&, const Coord3D&, int, int, int)>(&Voxelation::Initialise));
-static_assert(Has<bool(const Bounds3D&, int, int, int)>(&Voxelation::Initialise));
-static_assert(Has<bool(double, double, double, Voxelation::Location&) const>(&Voxelation::Locate));
-static_assert(Has<bool(const Coord3D&, Voxelation::Location&) const>(&Voxelation::Locate));
-static_assert(Has<bool(int*) const>(&Voxelation::GetDimensions));
-static_assert(Has<bool(const Voxelation::Location&, Extent&)>(&Voxelation::GetVoxelExtent));
-static_assert(Has<bool(const Coord3D&, int64)>(&Voxelation::AddPoint));
-static_assert(Has<bool(const Extent&, int64)>(&Voxelation::AddExtent));
-static_assert(
-    Has<bool(const Coord3D&, const Coord3D&, const Coord3D&, int64)>(&Voxelation::AddTriangle));
-static_assert(Has<bool(Coord3D*, int64)>(&Voxelation::AddTriangle));
-static_assert(Has<bool()>(&Voxelation::Clear));
-static_assert(Has<bool(std::set<int64>&, int, int, int) const>(&Voxelation::CollectIDsAt));
-static_assert(Has<bool(std::set<int64>&, Voxelation::Location&) const>(&Voxelation::CollectIDsAt));
-static_assert(Has<bool(std::set<int64>&, const Coord3D&, double, double, double) const>(
-    &Voxelation::CollectIDsNear));
-static_assert(Has<bool(std::set<int64>&, const Extent&) const>(&Voxelation::CollectIDsIn));
+static_assert(std::is_trivially_copyable_v<Location> && sizeof(Location) == 3 * sizeof(int) &&
+              offsetof(Location, k) == 2 * sizeof(int));
+constexpr bool IsVoxelation() {
+  using T = Voxelation;
+  return !std::is_polymorphic_v<Voxelation> && std::is_copy_constructible_v<Voxelation> &&
+         std::is_nothrow_move_constructible_v<Voxelation> &&
+         std::is_nothrow_move_assignable_v<Voxelation> && Makes<T> &&
+         Makes<T, const Bounds3D&, int, int, int> && Makes<T, C3, C3, int, int, int> &&
+         Has<Voxelation&(const Voxelation&)>(&T::operator=) &&
+         Has<bool(C3, C3, int, int, int)>(&T::Initialise) &&
+         Has<bool(const Bounds3D&, int, int, int)>(&T::Initialise) &&
+         Has<bool(double, double, double, Location&) const>(&T::Locate) &&
+         Has<bool(C3, Location&) const>(&T::Locate) && Has<bool(int*) const>(&T::GetDimensions) &&
+         Has<bool(const Location&, Extent&)>(&T::GetVoxelExtent) &&
+         Has<bool(C3, int64)>(&T::AddPoint) && Has<bool(const Extent&, int64)>(&T::AddExtent) &&
+         Has<bool(C3, C3, C3, int64)>(&T::AddTriangle) &&
+         Has<bool(Coord3D*, int64)>(&T::AddTriangle) && Has<bool()>(&T::Clear) &&
+         Has<bool(std::set<int64>&, int, int, int) const>(&T::CollectIDsAt) &&
+         Has<bool(std::set<int64>&, Location&) const>(&T::CollectIDsAt) &&
+         Has<bool(std::set<int64>&, C3, double, double, double) const>(&T::CollectIDsNear) &&
+         Has<bool(std::set<int64>&, const Extent&) const>(&T::CollectIDsIn);
+}
+static_assert(IsVoxelation());
 
 // Predicates and intersection tests.
 
@@ -422,24 +322,22 @@ static_assert(INTERSECT2D_UNDEFINED == 0 && INTERSECT2D_NONE == 1 && INTERSECT2D
               INTERSECT2D_SHARED_FIRST_START == 9 && INTERSECT2D_SHARED_FIRST_END == 10 &&
               INTERSECT2D_OVERLAP == 11);
 
-using Point = const Coord3D&;
 static_assert(IsFree<void()>(&geom_Init));
-static_assert(IsFree<Orientation_e(Point, Point, Point, double)>(&geom_Orient2D));
-static_assert(IsFree<Orientation_e(Point, Point, Point, Point)>(&geom_Orient3D));
-static_assert(IsFree<Orientation_e(Point, Point, Point, Point)>(&geom_InCircle));
-static_assert(IsFree<Orientation_e(Point, Point, Point, Point, Point, bool)>(&geom_InSphere));
-static_assert(IsFree<Intersection2D_e(Point, Point, Point, Point, Intersection&, double)>(
-    &geom_EdgeIntersectEdge2D));
+static_assert(IsFree<Orientation_e(C3, C3, C3, double)>(&geom_Orient2D));
+static_assert(IsFree<Orientation_e(C3, C3, C3, C3, C3, bool)>(&geom_InSphere));
 static_assert(
-    IsFree<Orientation_e(Point, const Plane&, Point, Point, Point)>(&geom_PointInside3Points));
-static_assert(IsFree<Orientation_e(Point, Point, Point, Point)>(&geom_PointInside3Points));
-static_assert(IsFree<Orientation_e(Point, const Plane&, const Coord3D*)>(&geom_PointInside3Points));
-static_assert(IsFree<Orientation_e(Point, const Coord3D*)>(&geom_PointInside3Points));
+    IsFree<Intersection2D_e(C3, C3, C3, C3, Intersection&, double)>(&geom_EdgeIntersectEdge2D));
+static_assert(IsFree<Orientation_e(C3, const Plane&, C3, C3, C3)>(&geom_PointInside3Points));
+static_assert(IsFree<Orientation_e(C3, C3, C3, C3)>(&geom_Orient3D) &&
+              IsFree<Orientation_e(C3, C3, C3, C3)>(&geom_InCircle) &&
+              IsFree<Orientation_e(C3, C3, C3, C3)>(&geom_PointInside3Points));
+static_assert(IsFree<Orientation_e(C3, const Plane&, const Coord3D*)>(&geom_PointInside3Points));
+static_assert(IsFree<Orientation_e(C3, const Coord3D*)>(&geom_PointInside3Points));
 static_assert(IsFree<int(const Ray&, const Plane&, Intersection&)>(&geom_RayHitPlane));
-static_assert(IsFree<int(const Ray&, Point, Point, Point, Intersection&)>(&geom_RayHitPlane));
+static_assert(IsFree<int(const Ray&, C3, C3, C3, Intersection&)>(&geom_RayHitPlane));
 static_assert(IsFree<int(const Ray&, const Coord3D*, Intersection&)>(&geom_RayHitPlane));
 static_assert(IsFree<int(const Segment&, const Plane&, Intersection&)>(&geom_SegmentHitPlane));
-static_assert(IsFree<void(Point, const Plane&, Coord3D&)>(&geom_TransformTo2D));
+static_assert(IsFree<void(C3, const Plane&, Coord3D&)>(&geom_TransformTo2D));
 static_assert(IsFree<void(const Plane&, Coord3D&)>(&geom_TransformTo2D));
 
 // What a compiler cannot say: the static identities are set before main, and a shared library's
