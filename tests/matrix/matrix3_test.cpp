@@ -8,10 +8,7 @@
 
 namespace {
 
-using zyl::geometry::Coord2D;
-using zyl::geometry::Coord3D;
-using zyl::geometry::Matrix3;
-using zyl::geometry::Matrix4;
+using namespace zyl::geometry;
 
 constexpr double kValues[9] = {1, 2, 3, 4, 5, 6, 7, 8, 10};
 
@@ -29,7 +26,6 @@ TEST(Matrix3, MapsSpaceLinearlyAndThePlaneAffinely) {
   EXPECT_EQ(m * Coord3D(1, 10, 100), Coord3D(321, 654, 1087));
   const Coord2D image = m * Coord2D(10, 100);
   EXPECT_TRUE(image.x == 213 && image.y == 546);
-  EXPECT_EQ(m.Cofactor(0, 1), 2);
 }
 
 // The matrix has a last row of its own; each builder still is a product with an elementary matrix.

@@ -29,15 +29,16 @@ std::array<long double, 3> JacobiValues(const Elements& a) {
       for (int q = p + 1; q < 3; ++q) {
         const long double angle = std::atan2(2 * m[p][q], m[q][q] - m[p][p]) / 2;
         const long double c = std::cos(angle), s = std::sin(angle);
+        const auto turn = [c, s](long double& x, long double& y) {
+          const long double turned = c * x - s * y;
+          y = s * x + c * y;
+          x = turned;
+        };
         for (int k = 0; k < 3; ++k) {
-          const long double kp = m[k][p], kq = m[k][q];
-          m[k][p] = c * kp - s * kq;
-          m[k][q] = s * kp + c * kq;
+          turn(m[k][p], m[k][q]);
         }
         for (int k = 0; k < 3; ++k) {
-          const long double pk = m[p][k], qk = m[q][k];
-          m[p][k] = c * pk - s * qk;
-          m[q][k] = s * pk + c * qk;
+          turn(m[p][k], m[q][k]);
         }
       }
     }
@@ -73,28 +74,17 @@ TEST(SymmetricEigen, AgreesWithJacobisRotations) {
   for (int i = 0; i < 5000; ++i) {
     Elements a;
     for (double& element : a) {
-      element = uniform(random);
+      // Every other matrix of a few whole numbers: zeros and repeated eigenvalues are among them.
+      element = i % 2 == 0 ? uniform(random) : std::round(1.4 * uniform(random));
     }
     if (i % 3 == 0) {
       a[2] = 0;  // tridiagonal as it is
-    }
-    if (i % 5 == 0) {
-      a[1] = a[4] = 0;
     }
     if (i % 7 == 0) {
       a[5] = 1e-9 * a[5];
     }
     Check(a);
   }
-}
-
-TEST(SymmetricEigen, CopesWithRepeatedAndZeroEigenvalues) {
-  Check({0, 0, 0, 0, 0, 0});
-  Check({2, 0, 0, 2, 0, 2});
-  Check({1, 1, 1, 1, 1, 1});  // 3, 0, 0
-  Check({1, 0, 0, 2, 0, 3});
-  Check({0, 1, 0, 0, 0, 0});
-  Check({0, 0, 1, 0, 0, 0});
 }
 
 TEST(SymmetricEigen, EndsOnNaNAndInfinity) {

@@ -8,10 +8,7 @@
 
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Matrix4;
-using zyl::geometry::Transformation;
-using zyl::geometry::Transformation3D;
+using namespace zyl::geometry;
 
 // Columns (2, 0, 1), (0, 4, 0), (1, 0, 1), translation (1, 2, 3), determinant 4, and a last row
 // that must not count.

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
+#include "support/seeded.h"
 #include "zyl/geometry/coord.h"
 #include "zyl/geometry/direction.h"
 #include "zyl/geometry/matrix3.h"
@@ -11,21 +10,9 @@
 
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Direction;
-using zyl::geometry::Matrix3;
-using zyl::geometry::Matrix4;
+using namespace zyl::geometry;
 
-struct VectorTransforms : testing::Test {
-  static constexpr unsigned kSeed = 12;
-  testing::ScopedTrace trace{__FILE__, __LINE__, kSeed};
-  std::mt19937 random{kSeed};
-
-  Coord3D Vector() {
-    std::uniform_real_distribution<double> uniform(-10, 10);
-    return {uniform(random), uniform(random), uniform(random)};
-  }
-};
+using VectorTransforms = Seeded<12>;
 
 TEST_F(VectorTransforms, ZUpOfTheAxesAndOfNothing) {
   Matrix4 to = Matrix4::Identity * 7.0;  // nothing of what was there may remain
@@ -42,7 +29,7 @@ TEST_F(VectorTransforms, ZUpOfTheAxesAndOfNothing) {
 // First about Y and then about X: the image of +X stays level in Y.
 TEST_F(VectorTransforms, ZUpIsARotationAboutYAndThenX) {
   for (int i = 0; i < 500; ++i) {
-    const Coord3D v = Vector();
+    const Coord3D v = Point();
     Matrix4 to;
     Matrix4 from;
     v.GetZUpTransform(to, from);
@@ -68,14 +55,14 @@ TEST_F(VectorTransforms, SquaredDistanceUnderAMatrixMeasuresTheMappedDifference)
 // Rodrigues' formula and the turned frame have nothing in common but the result.
 TEST_F(VectorTransforms, RotateAgreesWithTheMatrixOfTheSameTurn) {
   for (int i = 0; i < 500; ++i) {
-    Coord3D axis = Vector();
+    Coord3D axis = Point();
     if (i % 2 == 0) {
       axis.x *= 0.01;  // close to Z, where another frame is taken
       axis.y *= 0.01;
     }
     axis.Normalise();
-    const Coord3D pivot = Vector();
-    Coord3D p = Vector();
+    const Coord3D pivot = Point();
+    Coord3D p = Point();
     Matrix4 turn;
     turn.Translate(-pivot);
     turn.Rotate(0.1 * i, axis);

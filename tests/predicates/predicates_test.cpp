@@ -19,6 +19,7 @@ using exact::SignOf;
 
 constexpr std::uint64_t kSeed = 20240117;
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 using Rng = std::mt19937_64;
 
 int Integer(Rng& rng, int low, int high) {
@@ -137,12 +138,11 @@ TEST_P(Signs, AreThoseOfExactArithmetic) {
   for (int round = 0; round < 36000; ++round) {
     Points p;
     GetParam().make(rng, p);
-    const int expected[4] = {
-        exact::Orient2D(p[0], p[1], p[2]), exact::Orient3D(p[0], p[1], p[2], p[3]),
-        exact::InCircle(p[0], p[1], p[2], p[3]), exact::InSphere(p[0], p[1], p[2], p[3], p[4])};
-    const int found[4] = {
-        SignOf(orient2d(p[0], p[1], p[2])), SignOf(orient3d(p[0], p[1], p[2], p[3])),
-        SignOf(incircle(p[0], p[1], p[2], p[3])), SignOf(insphere(p[0], p[1], p[2], p[3], p[4]))};
+    const auto& [a, b, c, d, e] = p.at;
+    const int expected[4] = {exact::Orient2D(a, b, c), exact::Orient3D(a, b, c, d),
+                             exact::InCircle(a, b, c, d), exact::InSphere(a, b, c, d, e)};
+    const int found[4] = {SignOf(orient2d(a, b, c)), SignOf(orient3d(a, b, c, d)),
+                          SignOf(incircle(a, b, c, d)), SignOf(insphere(a, b, c, d, e))};
     for (int i = 0; i < 4; ++i) {
       ASSERT_EQ(found[i], expected[i])
           << "predicate " << i << ", round " << round << ", seed " << kSeed;
@@ -273,25 +273,13 @@ TEST(PredicateState, HoldsTheBoundsOfDoubleArithmetic) {
 // Overflow, underflow and infinities may end in any value, but end; NaN is passed on.
 TEST(Predicates, AnswerWhateverTheCoordinates) {
   exactinit();
-  const double kSpecial[] = {0,
-                             1,
-                             -2.5,
-                             0.1,
-                             1e150,
-                             -1e150,
-                             1.5e308,
-                             -1.5e308,
-                             5e-324,
-                             1e-160,
-                             kInfinity,
-                             -kInfinity,
-                             std::numeric_limits<double>::quiet_NaN()};
+  const double kSpecial[] = {0,        1,      -2.5,   0.1,       1e150,      -1e150, 1.5e308,
+                             -1.5e308, 5e-324, 1e-160, kInfinity, -kInfinity, kNaN};
+  // Whether a coordinate that the predicate reads is NaN.
   const auto hasNaN = [](const Points& p, int count, int dimension) {
     bool found = false;
-    for (int k = 0; k < count; ++k) {
-      for (int i = 0; i < dimension; ++i) {
-        found = found || std::isnan(p.at[k][i]);
-      }
+    for (int i = 0; i < count * dimension; ++i) {
+      found |= std::isnan(p.at[i / dimension][i % dimension]);
     }
     return found;
   };
@@ -303,13 +291,11 @@ TEST(Predicates, AnswerWhateverTheCoordinates) {
         x = kSpecial[rng() % std::size(kSpecial)];
       }
     }
-    const double det[4] = {orient2d(p[0], p[1], p[2]), orient3d(p[0], p[1], p[2], p[3]),
-                           incircle(p[0], p[1], p[2], p[3]),
-                           insphere(p[0], p[1], p[2], p[3], p[4])};
-    ASSERT_TRUE(std::isnan(det[0]) || !hasNaN(p, 3, 2)) << round;
-    ASSERT_TRUE(std::isnan(det[1]) || !hasNaN(p, 4, 3)) << round;
-    ASSERT_TRUE(std::isnan(det[2]) || !hasNaN(p, 4, 2)) << round;
-    ASSERT_TRUE(std::isnan(det[3]) || !hasNaN(p, 5, 3)) << round;
+    const auto& [a, b, c, d, e] = p.at;
+    ASSERT_TRUE(std::isnan(orient2d(a, b, c)) || !hasNaN(p, 3, 2)) << round;
+    ASSERT_TRUE(std::isnan(orient3d(a, b, c, d)) || !hasNaN(p, 4, 3)) << round;
+    ASSERT_TRUE(std::isnan(incircle(a, b, c, d)) || !hasNaN(p, 4, 2)) << round;
+    ASSERT_TRUE(std::isnan(insphere(a, b, c, d, e)) || !hasNaN(p, 5, 3)) << round;
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -12,10 +11,7 @@
 
 namespace {
 
-using zyl::geometry::Coord2D;
-using zyl::geometry::Coord3D;
-using zyl::geometry::Extent;
-using zyl::geometry::Extent2D;
+using namespace zyl::geometry;
 
 template <class Corner>
 constexpr int kAxes = sizeof(Corner) / sizeof(double);
@@ -23,20 +19,20 @@ constexpr int kAxes = sizeof(Corner) / sizeof(double);
 double Component(const Coord3D& p, int axis) { return p[axis]; }
 double Component(const Coord2D& p, int axis) { return axis == 0 ? p.x : p.y; }
 
-Coord3D At(const double* p, Coord3D) { return {p[0], p[1], p[2]}; }
-Coord2D At(const double* p, Coord2D) { return {p[0], p[1]}; }
-
 // Every corner whose coordinates are taken from `values`.
 template <class Corner>
 std::vector<Corner> Lattice(const std::vector<double>& values) {
   std::vector<Corner> lattice;
-  double p[3];
-  const std::size_t n = values.size();
-  for (std::size_t code = 0; code < (kAxes<Corner> == 3 ? n * n * n : n * n); ++code) {
-    for (std::size_t axis = 0, rest = code; axis < 3; ++axis, rest /= n) {
-      p[axis] = values[rest % n];
+  for (const double x : values) {
+    for (const double y : values) {
+      if constexpr (kAxes<Corner> == 2) {
+        lattice.emplace_back(x, y);
+      } else {
+        for (const double z : values) {
+          lattice.emplace_back(x, y, z);
+        }
+      }
     }
-    lattice.push_back(At(p, Corner()));
   }
   return lattice;
 }

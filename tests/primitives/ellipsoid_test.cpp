@@ -6,18 +6,13 @@
 #include <limits>
 #include <random>
 #include <string>
-#include <type_traits>
 #include <utility>
 
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Ellipsoid;
+using namespace zyl::geometry;
 
 constexpr double kDegree = 0.017453292519943295;
-
-static_assert(std::is_trivially_copyable_v<Ellipsoid>);
-static_assert(sizeof(Ellipsoid) == 18 * sizeof(double));
 
 // Builds an ellipsoid and returns what it wrote to the standard error stream.
 std::string Complaint(Ellipsoid& out, const Coord3D& radii) {

@@ -14,10 +14,7 @@
 
 namespace {
 
-using zyl::geometry::EncCircle;
-using zyl::geometry::Point3D;
-using zyl::geometry::Polyline3D;
-using zyl::geometry::SmallestEnclosingCircle;
+using namespace zyl::geometry;
 using Points = std::vector<Point3D>;
 
 double Distance(const EncCircle& circle, const Point3D& p) {
@@ -120,34 +117,28 @@ TEST(SmallestEnclosingCircle, KeepsItsSizeWhenTheSiteIsMoved) {
 // The plain iteration: the largest of the four circles, and the farthest point for the one that
 // circle leaves out. False if it would never end.
 bool PlainIteration(const Points& p, EncCircle& circle) {
-  const auto byX = [](const Point3D& a, const Point3D& b) { return a.x < b.x; };
-  const auto byY = [](const Point3D& a, const Point3D& b) { return a.y < b.y; };
-  const auto greaterX = [](const Point3D& a, const Point3D& b) { return a.x > b.x; };
-  const auto greaterY = [](const Point3D& a, const Point3D& b) { return a.y > b.y; };
+  const auto first = [&p](auto value) {  // of those of least value
+    return std::min_element(p.begin(), p.end(), [value](const Point3D& a, const Point3D& b) {
+      return value(a) < value(b);
+    });
+  };
   std::array<Points::const_iterator, 4> s = {
-      std::min_element(p.begin(), p.end(), byX), std::min_element(p.begin(), p.end(), greaterX),
-      std::min_element(p.begin(), p.end(), byY), std::min_element(p.begin(), p.end(), greaterY)};
+      first([](const Point3D& q) { return q.x; }), first([](const Point3D& q) { return -q.x; }),
+      first([](const Point3D& q) { return q.y; }), first([](const Point3D& q) { return -q.y; })};
   std::set<std::array<Points::const_iterator, 4>> seen;
   while (seen.insert(s).second) {
     circle.radius = 0;
     std::size_t spare = 0;
     for (std::size_t i = 0; i < 4; ++i) {
-      Points three;
-      for (std::size_t j = 0; j < 4; ++j) {
-        if (j != i) {
-          three.push_back(*s[j]);
-        }
-      }
+      Points three = {*s[0], *s[1], *s[2], *s[3]};
+      three.erase(three.begin() + static_cast<std::ptrdiff_t>(i));
       const EncCircle candidate = SmallestEnclosingCircle(three);
       if (candidate.radius > circle.radius) {
         circle = candidate;
         spare = i;
       }
     }
-    const auto farthest =
-        std::max_element(p.begin(), p.end(), [&circle](const Point3D& a, const Point3D& b) {
-          return Distance(circle, a) < Distance(circle, b);
-        });
+    const auto farthest = first([&circle](const Point3D& q) { return -Distance(circle, q); });
     if (Distance(circle, *farthest) <= circle.radius * 1.00000000001) {
       return true;
     }
@@ -188,19 +179,9 @@ TEST(SmallestEnclosingCircle, TakesTheFirstOfPointsEquallyFar) {
 
 TEST(SmallestEnclosingCircle, AnswersWhateverTheCoordinates) {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  const double values[] = {0,
-                           1,
-                           -1,
-                           1e-300,
-                           1e154,
-                           1e300,
-                           -1e308,
-                           5e-324,
-                           1e16,
-                           1e16 + 2,
-                           kInfinity,
-                           -kInfinity,
-                           std::numeric_limits<double>::quiet_NaN()};
+  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  const double values[] = {0,      1,    -1,       1e-300,    1e154,      1e300, -1e308,
+                           5e-324, 1e16, 1e16 + 2, kInfinity, -kInfinity, kNaN};
   std::mt19937_64 random(42);
   for (int run = 0; run < 20000; ++run) {
     Points points(1 + random() % 8);
@@ -209,10 +190,9 @@ TEST(SmallestEnclosingCircle, AnswersWhateverTheCoordinates) {
     }
     SmallestEnclosingCircle(points);  // ends
   }
-  const double nan = values[std::size(values) - 1];
-  ExpectCircle(
-      SmallestEnclosingCircle(Points{{1, 0, 0}, {0, 0, 0}, {2, 0, 0}, {nan, nan, 0}, {1, 0.5, 0}}),
-      1, 0, 1);
+  ExpectCircle(SmallestEnclosingCircle(
+                   Points{{1, 0, 0}, {0, 0, 0}, {2, 0, 0}, {kNaN, kNaN, 0}, {1, 0.5, 0}}),
+               1, 0, 1);
 }
 
 }  // namespace

@@ -4,39 +4,17 @@
 
 #include <cmath>
 #include <random>
-#include <type_traits>
 
+#include "support/nearest.h"
 #include "support/wide_distance.h"
 
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Direction;
-using zyl::geometry::Intersection;
-using zyl::geometry::Point3D;
-using zyl::geometry::Ray;
-using zyl::geometry::Segment;
+using namespace zyl::geometry;
 
 constexpr double kPi = 3.141592653589793;
 
-static_assert(std::is_trivially_copyable_v<Segment> && sizeof(Segment) == 6 * sizeof(double));
-static_assert(std::is_trivially_copyable_v<Ray> && sizeof(Ray) == 6 * sizeof(double));
-static_assert(std::is_trivially_copyable_v<Intersection>);
-
 Segment Along(double x0, double x1) { return {Coord3D(x0, 0, 0), Coord3D(x1, 0, 0)}; }
-
-struct Nearest {
-  Coord3D point;
-  double distance;
-};
-
-template <typename Target>
-Nearest NearestTo(Segment segment, const Target& target) {
-  Nearest nearest;
-  nearest.point = segment.GetNearestPoint(target, nearest.distance);
-  EXPECT_EQ(std::isnan(nearest.distance), std::isnan(segment.Distance(target)));
-  return nearest;
-}
 
 Coord3D DirectionOf(const Ray& ray) { return {ray.direction.x, ray.direction.y, ray.direction.z}; }
 

@@ -5,9 +5,10 @@
 #include <cmath>
 #include <limits>
 #include <random>
-#include <type_traits>
 
 #include "support/exact.h"
+#include "support/nearest.h"
+#include "support/seeded.h"
 #include "support/wide_distance.h"
 #include "zyl/geometry/geom.h"
 #include "zyl/geometry/plane.h"
@@ -15,28 +16,9 @@
 
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Plane;
-using zyl::geometry::Point3D;
-using zyl::geometry::Segment;
-using zyl::geometry::Triangle;
-
-static_assert(std::is_trivially_copyable_v<Triangle> && sizeof(Triangle) == 9 * sizeof(double));
+using namespace zyl::geometry;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-struct Nearest {
-  Coord3D point;
-  double distance;
-};
-
-template <typename Target>
-Nearest NearestTo(Triangle triangle, const Target& target) {
-  Nearest nearest;
-  nearest.point = triangle.GetNearestPoint(target, nearest.distance);
-  EXPECT_TRUE(triangle.Distance(target) == nearest.distance || std::isnan(nearest.distance));
-  return nearest;
-}
 
 // The right triangle of side 4 in the plane z = 0, or moved.
 Triangle Corner(double dx = 0, double dy = 0, double dz = 0) {
@@ -44,11 +26,7 @@ Triangle Corner(double dx = 0, double dy = 0, double dz = 0) {
 }
 
 // Whole numbers, few enough that many cases are degenerate.
-struct TriangleQueries : testing::Test {
-  static constexpr unsigned kSeed = 35;
-  testing::ScopedTrace trace{__FILE__, __LINE__, kSeed};
-  std::mt19937 random{kSeed};
-
+struct TriangleQueries : Seeded<35> {
   TriangleQueries() { geom_Init(); }
 
   Coord3D Point() {
@@ -162,11 +140,6 @@ TEST_F(TriangleQueries, ContactsAgreeWithExactSigns) {
     touching += certain && any;
   }
   EXPECT_GT(touching, 100);
-}
-
-TEST_F(TriangleQueries, TrianglesOfOnePlaneDoNotTouch) {
-  EXPECT_FALSE(Corner().IsTouching(Corner(1, 1, 0)));
-  EXPECT_FALSE(Corner().IsTouching(Corner()));
 }
 
 TEST_F(TriangleQueries, ATriangleWithoutAreaIsMetByNothingAndStillHasNearestPoints) {

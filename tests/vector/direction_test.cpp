@@ -7,8 +7,7 @@
 
 namespace {
 
-using zyl::geometry::Coord3D;
-using zyl::geometry::Direction;
+using namespace zyl::geometry;
 
 bool Same(Direction a, Direction b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
 
@@ -20,35 +19,20 @@ TEST(Direction, NormalizeLeavesWhatHasNoLength) {
   Direction d(0, 3, 4);
   d.Normalize();
   EXPECT_TRUE(Same(d, Direction(0, 0.6, 0.8)));
-  Direction zero;
-  zero.Normalize();
-  EXPECT_TRUE(Same(zero, Direction(0, 0, 0)));
   Direction tiny(1e-200, 0, 0);  // its square underflows
   tiny.Normalize();
   EXPECT_TRUE(Same(tiny, Direction(1e-200, 0, 0)));
 }
 
-TEST(Direction, ArithmeticWorksByComponent) {
-  const Direction a(1, 2, 3);
-  const Direction b(4, -5, 6);
-  EXPECT_TRUE(Same(a + b, Direction(5, -3, 9)));
-  EXPECT_TRUE(Same(a - b, Direction(-3, 7, -3)));
-  EXPECT_TRUE(Same(-a, Direction(-1, -2, -3)));
-  EXPECT_TRUE(Same(a * 2.0, Direction(2, 4, 6)));
-  EXPECT_TRUE(Same(a / 4.0, Direction(0.25, 0.5, 0.75)));
-  EXPECT_TRUE(std::isinf((a / 0.0).x));
-  EXPECT_TRUE(Same(a.Cross(b), Direction(27, 6, -13)));
-  EXPECT_EQ(a.Dot(b), 12);
-  EXPECT_EQ(a.Dot(Coord3D(4, -5, 6)), 12);
-  Direction c = a;
-  c += b;
-  c -= Direction(1, 1, 1);
-  c *= 4.0;
-  c /= 2.0;
-  EXPECT_TRUE(Same(c, Direction(8, -8, 16)));
-  c.SetDirection(7, 8, 9);
-  EXPECT_EQ(c.GetXDirection() + c.GetYDirection() * c.GetZDirection(), 79);
-  EXPECT_EQ(c[0] + c[1] * c[2], 79);
+TEST(Direction, DividesAndGivesItsComponents) {
+  Direction d(1, 2, 3);
+  EXPECT_TRUE(Same(d / 4.0, Direction(0.25, 0.5, 0.75)));
+  EXPECT_TRUE(std::isinf((d / 0.0).x));
+  EXPECT_EQ(d.Dot(Coord3D(4, -5, 6)), 12);
+  d /= 2.0;
+  EXPECT_TRUE(Same(d, Direction(0.5, 1, 1.5)));
+  d.SetDirection(7, 8, 9);
+  EXPECT_EQ(d.GetXDirection() + d.GetYDirection() * d.GetZDirection(), 79);
 }
 
 TEST(Direction, BearingsRunClockwiseFromNorthAndInclinationsUp) {

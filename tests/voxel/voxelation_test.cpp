@@ -205,97 +205,83 @@ TEST(IdList, GrowsWithDistinctIdentifiersOnly) {
   EXPECT_EQ(list.end()[-1], 999);
 }
 
-// Coordinates are whole or halves, so that the reference finds a voxel by rounding down.
-class VoxelationReference {
- public:
-  static int Index(double c) { return std::clamp(static_cast<int>(std::floor(c)), 0, 7); }
+// Coordinates are whole or halves, so that the voxels of a box are found by rounding down.
+int IndexOf(double c) { return std::clamp(static_cast<int>(std::floor(c)), 0, 7); }
 
-  template <class Visit>
-  static void ForEach(const Extent& e, Visit visit) {
-    for (int i = Index(e.min.x); i <= Index(e.max.x); ++i) {
-      for (int j = Index(e.min.y); j <= Index(e.max.y); ++j) {
-        for (int k = Index(e.min.z); k <= Index(e.max.z); ++k) {
-          visit(std::array{i, j, k});
-        }
+template <class Visit>
+void ForEachVoxel(const Extent& e, Visit visit) {
+  for (int i = IndexOf(e.min.x); i <= IndexOf(e.max.x); ++i) {
+    for (int j = IndexOf(e.min.y); j <= IndexOf(e.max.y); ++j) {
+      for (int k = IndexOf(e.min.z); k <= IndexOf(e.max.z); ++k) {
+        visit(std::array{i, j, k});
       }
     }
   }
+}
 
-  void Add(const Extent& e, int64 id) {
-    ForEach(e, [&](const std::array<int, 3>& voxel) { ids_[voxel].insert(id); });
-  }
-  void Clear() { ids_.clear(); }
-  IDs Collect(const Extent& e, IDs ids) {
-    ForEach(e, [&](const std::array<int, 3>& voxel) {
-      ids.insert(ids_[voxel].begin(), ids_[voxel].end());
-    });
-    return ids;
-  }
-
- private:
-  std::map<std::array<int, 3>, IDs> ids_;
-};
-
+// Three ways to add identifiers to the voxels of a region, and three to collect them.
 TEST(Voxelation, AgreesWithAMapOfSets) {
   std::mt19937_64 random(30);
   const auto draw = [&random](int low, int high) {
     return std::uniform_int_distribution<int>(low, high)(random);
   };
-  const auto point = [&draw] {
-    return Coord3D(draw(-4, 20) / 2.0, draw(-4, 20) / 2.0, draw(-4, 20) / 2.0);
+  const auto point = [&draw](int low, int high) {
+    return Coord3D(draw(low, high), draw(low, high), draw(low, high));
   };
   Voxelation grid(Coord3D(0, 0, 0), Coord3D(8, 8, 8), 8, 8, 8);
-  VoxelationReference reference;
+  std::map<std::array<int, 3>, IDs> reference;
   constexpr int64 kExtremes[] = {std::numeric_limits<int64>::min(),
                                  std::numeric_limits<int64>::max(), 0, 1, -1};
   for (int step = 0; step < 6000; ++step) {
+    if (step % 500 == 0) {
+      ASSERT_TRUE(grid.Clear());
+      reference.clear();
+    }
     const int64 id = draw(0, 9) == 0 ? kExtremes[draw(0, 4)] : draw(-100, 400);
-    const Coord3D a = point();
-    Coord3D triangle[3] = {a, point(), point()};
-    const Extent box(a, a + Coord3D(draw(-1, 3), draw(-1, 3), draw(-1, 3)));  // may be inverted
+    const Coord3D a = point(-4, 20) * 0.5, half = point(-1, 4), voxel = point(-1, 8);
+    Coord3D triangle[3] = {a, point(-4, 20) * 0.5, point(-4, 20) * 0.5};
     IDs ids;
     if (draw(0, 1) == 0) {
       ids.insert(id);
     }
     IDs expected = ids;
-    switch (draw(0, 6)) {
+    Extent region(a, a + half);  // may be inverted
+    bool answer = false;
+    const int operation = draw(0, 5);
+    switch (operation) {
       case 0:
-        ASSERT_TRUE(grid.AddPoint(a, id));
-        reference.Add(Extent(a), id);
+        region = Extent(a);
+        answer = grid.AddPoint(a, id);
         break;
       case 1:
-        ASSERT_TRUE(grid.AddExtent(box, id));
-        reference.Add(box, id);
+        answer = grid.AddExtent(region, id);
         break;
       case 2:
-        ASSERT_TRUE(grid.AddTriangle(triangle, id));
-        reference.Add(Extent(triangle[0], triangle[1], triangle[2]), id);
+        region = Extent(triangle[0], triangle[1], triangle[2]);
+        answer = grid.AddTriangle(triangle, id);
         break;
-      case 3: {
-        const Coord3D half(draw(-1, 4), draw(-1, 4), draw(-1, 4));
-        expected = reference.Collect(Extent(a - half, a + half), ids);
-        ASSERT_EQ(grid.CollectIDsNear(ids, a, half.x, half.y, half.z), !expected.empty());
+      case 3:
+        region = Extent(a - half, a + half);
+        answer = grid.CollectIDsNear(ids, a, half.x, half.y, half.z);
         break;
-      }
       case 4:
-        expected = reference.Collect(box, ids);
-        ASSERT_EQ(grid.CollectIDsIn(ids, box), !expected.empty());
+        answer = grid.CollectIDsIn(ids, region);
         break;
-      case 5: {
-        const int i = draw(-1, 8), j = draw(-1, 8), k = draw(-1, 8);
-        if (std::clamp(i, 0, 7) == i && std::clamp(j, 0, 7) == j && std::clamp(k, 0, 7) == k) {
-          expected = reference.Collect(Extent(Coord3D(i, j, k)), ids);
-        }
-        ASSERT_EQ(grid.CollectIDsAt(ids, i, j, k), !expected.empty());
-        break;
-      }
-      default:
-        if (draw(0, 500) == 0) {
-          ASSERT_TRUE(grid.Clear());
-          reference.Clear();
-        }
+      default:  // outside of the grid there is nothing
+        region =
+            Extent(0, 0, 0, 7, 7, 7).IsInside(voxel) ? Extent(voxel) : Extent(1, 1, 1, 0, 0, 0);
+        answer = grid.CollectIDsAt(ids, static_cast<int>(voxel.x), static_cast<int>(voxel.y),
+                                   static_cast<int>(voxel.z));
     }
+    ForEachVoxel(region, [&](const std::array<int, 3>& v) {
+      if (operation < 3) {
+        reference[v].insert(id);
+      } else {
+        expected.insert(reference[v].begin(), reference[v].end());
+      }
+    });
     ASSERT_EQ(ids, expected) << "seed 30, step " << step;
+    ASSERT_EQ(answer, operation < 3 || !expected.empty()) << "seed 30, step " << step;
   }
 }
 
