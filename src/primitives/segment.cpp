@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "primitives/nearest_distance.h"
+
 namespace zyl::geometry {
 
 namespace {
@@ -136,16 +138,8 @@ Coord3D Segment::GetNearestPoint(const Segment& other, double& distance) {
   return start + alongThis;
 }
 
-double Segment::Distance(const Coord3D& p) {
-  double distance;
-  GetNearestPoint(p, distance);
-  return distance;
-}
+double Segment::Distance(const Coord3D& p) { return internal::NearestDistance(*this, p); }
 
-double Segment::Distance(const Segment& other) {
-  double distance;
-  GetNearestPoint(other, distance);
-  return distance;
-}
+double Segment::Distance(const Segment& other) { return internal::NearestDistance(*this, other); }
 
 }  // namespace zyl::geometry

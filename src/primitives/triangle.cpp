@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "primitives/nearest_distance.h"
 #include "zyl/geometry/geom.h"
 #include "zyl/geometry/plane.h"
 #include "zyl/geometry/segment.h"
@@ -102,16 +103,10 @@ Coord3D Triangle::GetNearestPoint(const Segment& segment, double& distance) {
   return nearest.point;
 }
 
-double Triangle::Distance(const Coord3D& p) {
-  double distance;
-  GetNearestPoint(p, distance);
-  return distance;
-}
+double Triangle::Distance(const Coord3D& p) { return internal::NearestDistance(*this, p); }
 
 double Triangle::Distance(const Segment& segment) {
-  double distance;
-  GetNearestPoint(segment, distance);
-  return distance;
+  return internal::NearestDistance(*this, segment);
 }
 
 bool Triangle::Intersect(const Segment& segment) {
