@@ -37,13 +37,13 @@ TEST_F(GeomOrientation, ToleranceIsTwiceAnArea) {
   EXPECT_EQ(geom_Orient2D(a, b, Coord3D(3, 5e-324, 0), -1), ORIENT_COUNTERCLOCKWISE);
 }
 
-// The line y = x through decimals: 0.1, 0.3 and 0.7 are no exact multiples of one another.
+// One ulp beside the line y = x, where the determinant in plain doubles is 0.
 TEST_F(GeomOrientation, OnlyExactCollinearityCountsAsCollinear) {
-  const Coord3D a(0.1, 0.1, 0), b(0.7, 0.7, 0);
-  EXPECT_EQ(geom_Orient2D(a, b, Coord3D(0.3, 0.3, 0), 0), ORIENT_COLLINEAR);
-  EXPECT_EQ(geom_Orient2D(a, b, Coord3D(0.3, std::nextafter(0.3, 1), 0), 0),
-            ORIENT_COUNTERCLOCKWISE);
-  EXPECT_EQ(geom_Orient2D(a, b, Coord3D(std::nextafter(0.3, 1), 0.3, 0), 0), ORIENT_CLOCKWISE);
+  const Coord3D a(12, 12, 0), b(24, 24, 0);
+  const double half = 0.5, more = std::nextafter(0.5, 1);
+  EXPECT_EQ(geom_Orient2D(a, b, Coord3D(half, half, 0), 0), ORIENT_COLLINEAR);
+  EXPECT_EQ(geom_Orient2D(a, b, Coord3D(half, more, 0), 0), ORIENT_COUNTERCLOCKWISE);
+  EXPECT_EQ(geom_Orient2D(a, b, Coord3D(more, half, 0), 0), ORIENT_CLOCKWISE);
 }
 
 TEST_F(GeomOrientation, BelowAPlaneIsWhereItsPointsRunClockwise) {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
+#include "support/seeded.h"
+#include "support/wide_distance.h"
 #include "zyl/geometry/polyline3d.h"
 #include "zyl/geometry/segment.h"
 
@@ -61,32 +64,24 @@ TEST(Extent, DistanceToAPointIsThatToTheNearestFaceEdgeOrCorner) {
   EXPECT_TRUE(std::isnan(box.Distance(Coord3D(kNaN, 0, 0))));
 }
 
-// Every edge of the box is the nearest one to a segment that runs beside it, outside of both
-// faces; the end points are a good deal farther.
-TEST(Extent, DistanceToASegmentIsThatToTheNearestEdge) {
-  const Extent box(0, 0, 0, 10, 10, 10);
-  for (int along = 0; along < 3; ++along) {
-    for (int side = 0; side < 4; ++side) {
-      const int u = (along + 1) % 3;
-      const int v = (along + 2) % 3;
-      const double outwardsU = side % 2 == 0 ? -1 : 1;
-      const double outwardsV = side / 2 == 0 ? -1 : 1;
-      Coord3D nearest(5, 5, 5);
-      nearest[u] += outwardsU * (5 + 3);
-      nearest[v] += outwardsV * (5 + 4);
-      Coord3D sideways;  // perpendicular to the shortest way (3, 4) from the edge
-      sideways[u] = outwardsU * 4;
-      sideways[v] = outwardsV * -3;
-      const Segment beside(nearest + sideways * 2, nearest - sideways * 2);
-      EXPECT_NEAR(box.Distance(beside), 5, 1e-12) << along << ", " << side;
-    }
-  }
-}
+using RandomSegments = Seeded<31>;
 
-TEST(Extent, DistanceToASegmentSeesItsEndsToo) {
-  const Extent box(0, 0, 0, 10, 10, 10);
-  EXPECT_EQ(box.Distance(Segment(Coord3D(5, 5, 5), Coord3D(5, 5, 20))), 0);
-  EXPECT_EQ(box.Distance(Segment(Coord3D(5, 5, 12), Coord3D(5, 5, 20))), 2);
+// Faces do not count: a segment that pierces two of them may be far from every edge.
+TEST_F(RandomSegments, AreAsFarAsTheirEndsOrTheNearestEdge) {
+  const Extent box(-4, -3, -2, 4, 3, 2);
+  for (int i = 0; i < 500; ++i) {
+    const Segment segment(Point(), Point());
+    double expected = std::min(box.Distance(segment.start), box.Distance(segment.end));
+    for (const Coord3D& a : box.GetCornerPoints()) {
+      for (const Coord3D& b : box.GetCornerPoints()) {
+        if ((a.x != b.x) + (a.y != b.y) + (a.z != b.z) == 1) {
+          expected =
+              std::min(expected, wide::Distance(wide::Segment(a, b), wide::Segment(segment)));
+        }
+      }
+    }
+    ASSERT_NEAR(box.Distance(segment), expected, 1e-8);
+  }
   EXPECT_TRUE(std::isnan(box.Distance(Segment(Coord3D(kNaN, 0, 0), Coord3D(kNaN, 1, 1)))));
 }
 
