@@ -56,7 +56,7 @@ static_assert(offsetof(Coord3D, y) == kDouble && offsetof(Coord3D, z) == 2 * kDo
               offsetof(Coord4D, z) == 2 * kDouble && offsetof(Coord4D, w) == 3 * kDouble);
 static_assert(!std::is_same_v<Coord3D, Point3D> && !std::is_base_of_v<Coord3D, Direction>);
 
-constexpr bool IsCoord3D() {
+static_assert([] {
   using T = Coord3D;
   return Makes<T> && Makes<T, double, double, double> && Makes<T, double*> &&
          std::is_convertible_v<P3, Coord3D> && Has<Coord3D&(C3)>(&T::operator=) &&
@@ -73,10 +73,9 @@ constexpr bool IsCoord3D() {
          IsFree<bool(C3, C3, double)>(&T::Parallel) && Has<Coord3D(C3) const>(&T::Cross) &&
          Has<Coord3D(C3)>(&T::maximum, &T::minimum) && Has<Coord3D(C3, C3, double)>(&T::Rotate) &&
          Has<Coord3D(const Plane&) const>(&T::Project);
-}
-static_assert(IsCoord3D());
+}());
 
-constexpr bool IsDirection() {
+static_assert([] {
   using T = Direction;
   return Makes<T> && Makes<T, double, double, double> && Makes<T, C3, C3> &&
          std::is_convertible_v<C3, Direction> && Has<Direction&(D3)>(&T::operator=) &&
@@ -93,8 +92,7 @@ constexpr bool IsDirection() {
          Has<void(double, double)>(&T::SetDirectionByBearingDegrees) &&
          Has<void(Matrix4&, Matrix4&) const>(&Coord3D::GetZUpTransform, &T::GetZUpTransform,
                                              &Plane::GetZUpTransform);
-}
-static_assert(IsDirection());
+}());
 
 // Matrices and transformations.
 
@@ -118,15 +116,14 @@ constexpr bool IsMatrix() {
 }
 static_assert(IsMatrix<Matrix3, 3, Coord3D>() && IsMatrix<Matrix4, 4, Coord4D>());
 
-constexpr bool IsMatrix3() {
+static_assert([] {
   using T = Matrix3;
   return Makes<T, const Matrix4&> && Has<Coord2D(C2) const>(&T::operator*) &&
          Has<void(double)>(&T::Rotate) && Has<void(double, double)>(&T::Translate) &&
          Has<void(C2)>(&T::Translate) && Has<void(Matrix3&)>(&T::TransposeTo);
-}
-static_assert(IsMatrix3());
+}());
 
-constexpr bool IsMatrix4() {
+static_assert([] {
   using T = Matrix4;
   return Makes<T, const double(&)[4][4]> && Makes<T, const Transformation3D&> &&
          Has<void(const double(&)[4][4])>(&T::Create) && Has<Point3D(P3) const>(&T::operator*) &&
@@ -135,8 +132,7 @@ constexpr bool IsMatrix4() {
          Has<void(double, double, double)>(&T::Rotate, &T::Scale, &T::Translate) &&
          Has<void(double, C3)>(&T::Rotate) && Has<void(C3)>(&T::Translate) &&
          Has<void(Matrix4&) const>(&T::TransposeTo) && Has<void() const>(&T::ToString);
-}
-static_assert(IsMatrix4());
+}());
 
 static_assert(std::is_abstract_v<Transformation> && std::has_virtual_destructor_v<Transformation> &&
               sizeof(Transformation) == sizeof(void*));
@@ -171,7 +167,7 @@ static_assert(IsPlain<Extent>(6) && IsPlain<Bounds3D>(6) && IsPlain<Extent_type_
 static_assert(offsetof(Extent, max) == 3 * kDouble && offsetof(Bounds3D, max) == 3 * kDouble &&
               offsetof(Extent2D, max) == 2 * kDouble && offsetof(Bounds2D, max) == 2 * kDouble);
 
-constexpr bool IsExtent() {
+static_assert([] {
   using T = Extent;
   return Makes<T, C3, C3, C3> && Makes<T, double, double, double, double, double, double> &&
          Has<bool(const Extent&) const>(&T::operator==, &T::operator!=) &&
@@ -181,25 +177,23 @@ constexpr bool IsExtent() {
          Has<std::vector<Extent>() const>(&T::GetOctants) &&
          Has<void(Polyline3D&, Polyline3D&)>(&T::GetTopBottomPolygons) &&
          IsFree<Extent(const std::vector<Point3D>&)>(&::FindPointsExtent);
-}
-static_assert(IsExtent());
+}());
 
-constexpr bool IsExtent2D() {
+static_assert([] {
   using T = Extent2D;
   return Makes<T, double, double, double, double> && Makes<T, const Extent&> &&
          Has<Extent2D&(const Bounds2D&)>(&T::operator=) &&
          Has<Extent2D&(const Extent&)>(&T::operator=) &&
          Has<Extent2D&(const Extent_type_s&)>(&T::operator=) &&
          Has<bool(double, double) const>(&T::IsInside) && Has<double(bool) const>(&T::GetArea);
-}
-static_assert(IsExtent2D());
+}());
 
 // Planes, linear primitives, triangles, ellipsoids and circles.
 
 static_assert(std::is_standard_layout_v<Plane> && sizeof(Plane) == 4 * kDouble &&
               offsetof(Plane, b) == kDouble && offsetof(Plane, c) == 2 * kDouble &&
               offsetof(Plane, d) == 3 * kDouble);
-constexpr bool IsPlane() {
+static_assert([] {
   using T = Plane;
   return Makes<T> && Makes<T, double, double, double, double> && Makes<T, const Plane&> &&
          Makes<T, D3, double> && Makes<T, D3, C3> && Makes<T, D3, P3> && Makes<T, C3, C3, C3> &&
@@ -209,8 +203,7 @@ constexpr bool IsPlane() {
          Has<Coord3D() const>(&T::Normal) && Has<int()>(&T::Normalize) &&
          Has<void(double)>(&T::Move) && Has<void()>(&T::Reverse) &&
          Has<bool(const Plane&, Direction&, Point3D&) const>(&T::Intersect);
-}
-static_assert(IsPlane());
+}());
 
 static_assert(IsPlain<Segment>(6) && IsPlain<Ray>(6) && IsPlain<Intersection>(4));
 static_assert(offsetof(Segment, end) == 3 * kDouble && offsetof(Ray, direction) == 3 * kDouble &&
@@ -251,7 +244,7 @@ static_assert(IsFree<EncCircle(unsigned int, const Point3D*)>(&SmallestEnclosing
 // Polylines.
 
 using Count = unsigned int;
-constexpr bool IsPolyline() {
+static_assert([] {
   using T = Polyline3D;
   return !std::is_polymorphic_v<Polyline3D> && Makes<T> && Makes<T, const std::vector<Point3D>&> &&
          Makes<T, Count, double*, double*, double*> && Makes<T, Count, const Point3D*> &&
@@ -278,8 +271,7 @@ constexpr bool IsPolyline() {
          Has<bool(P3, bool, double) const>(&T::IsPointOnEdge) &&
          Has<bool(P3) const>(&T::IsPointInside) &&
          Has<bool(const double&, const double&, const double&) const>(&T::IsPointInside);
-}
-static_assert(IsPolyline());
+}());
 
 // The voxel index.
 
@@ -287,7 +279,7 @@ using Location = Voxelation::Location;
 static_assert(std::is_same_v<zyl::geometry::int64, std::int64_t>);
 static_assert(std::is_trivially_copyable_v<Location> && sizeof(Location) == 3 * sizeof(int) &&
               offsetof(Location, k) == 2 * sizeof(int));
-constexpr bool IsVoxelation() {
+static_assert([] {
   using T = Voxelation;
   return !std::is_polymorphic_v<Voxelation> && std::is_copy_constructible_v<Voxelation> &&
          std::is_nothrow_move_constructible_v<Voxelation> &&
@@ -306,8 +298,7 @@ constexpr bool IsVoxelation() {
          Has<bool(std::set<int64>&, Location&) const>(&T::CollectIDsAt) &&
          Has<bool(std::set<int64>&, C3, double, double, double) const>(&T::CollectIDsNear) &&
          Has<bool(std::set<int64>&, const Extent&) const>(&T::CollectIDsIn);
-}
-static_assert(IsVoxelation());
+}());
 
 // Predicates and intersection tests.
 
