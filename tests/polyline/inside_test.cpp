@@ -97,7 +97,7 @@ TEST(IsPointInside, IsFalseForCoordinatesThatAreNoNumbers) {
   for (const double bad : {kNaN, kInf, -kInf}) {
     ExpectPlaces(square, {}, {bad, 1, 0, 1, bad, 0, 1, 1, bad});
     for (unsigned int i = 0; i < square.Size(); ++i) {
-      for (double Point3D::*coordinate : {&Point3D::x, &Point3D::y}) {
+      for (double Point3D::*coordinate : {&Point3D::x, &Point3D::y, &Point3D::z}) {
         Polyline3D broken = square;
         broken[i].*coordinate = bad;
         EXPECT_FALSE(broken.IsPointInside(2, 1, 0));

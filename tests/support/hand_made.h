@@ -35,13 +35,10 @@ class HandMade : public testing::Test {
 
   TVertex* V(std::size_t i) { return &vertices_[i]; }
 
-  /// The new half-edges go in after the given ones, else to the end of their rings.
-  TEdge* Join(std::size_t a, std::size_t b, TEdge* afterA = nullptr, TEdge* afterB = nullptr,
-              bool makeFirstB = false) {
+  /// The new half-edges go to the end of their rings.
+  TEdge* Join(std::size_t a, std::size_t b) {
     const auto last = [](const TVertex& v) { return v.first ? v.first->prev : nullptr; };
-    return tri_Make_Edge(state_, V(a), V(b), afterA ? afterA : last(*V(a)),
-                         afterB ? afterB : last(*V(b)), false, makeFirstB)
-        .edge;
+    return tri_Make_Edge(state_, V(a), V(b), last(*V(a)), last(*V(b)), false, false).edge;
   }
 
   /// Numbers of the destinations round a vertex, from `first`; checks the links on the way.
