@@ -31,13 +31,9 @@ void ExpectCircle(const EncCircle& circle, double x, double y, double radius) {
 
 TEST(SmallestEnclosingCircle, OfAFewPoints) {
   ExpectCircle(SmallestEnclosingCircle(Points{}), 0, 0, 0);
-  ExpectCircle(SmallestEnclosingCircle(Points{{3, 4, 5}}), 3, 4, 0);
-  ExpectCircle(SmallestEnclosingCircle(Points{{0, 0, 0}, {2, 0, 9}}), 1, 0, 1);
   ExpectCircle(SmallestEnclosingCircle(Points{{0, 0, 0}, {4, 0, 0}, {2, 1, 9}}), 2, 0, 2);
   ExpectCircle(SmallestEnclosingCircle(Points{{1, 0, 0}, {0, 0, 0}, {3, 0, 0}}), 1.5, 0, 1.5);
   ExpectCircle(SmallestEnclosingCircle(Points{{-3, 4, 0}, {3, 4, 0}, {0, -5, 0}}), 0, 0, 5);
-  ExpectCircle(SmallestEnclosingCircle(Points{{0, 0, 0}, {2, 0, 1}, {2, 2, 2}, {0, 2, 3}}), 1, 1,
-               std::sqrt(2.0));
   ExpectCircle(SmallestEnclosingCircle(Points(5, Point3D(7, 8, 9))), 7, 8, 0);
 }
 
@@ -93,7 +89,7 @@ TEST(SmallestEnclosingCircle, IsThatOfAnExactSearchThroughAllPairsAndTriples) {
   std::mt19937_64 random(40);
   for (const double offset : {0.0, 1.0, 1e4, 1e6, 1e7}) {
     for (int run = 0; run < 300; ++run) {
-      const Points points = Draw(run % 6, 4 + run % 5, offset, random);
+      const Points points = Draw(run % 6, 1 + run % 8, offset, random);
       const EncCircle circle = SmallestEnclosingCircle(points);
       const double tolerance = Tolerance(offset, circle.radius);
       ASSERT_LE(MostOutside(points, circle), tolerance) << offset << ' ' << run;
