@@ -29,7 +29,18 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "86|AMD64")
 endif()
 
 target_compile_options(zylGeometryBuildOptions INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wcast-align -Wcast-qual
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wundef -Wredundant-decls -Wextra-semi)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(zylGeometryBuildOptions INTERFACE
+    -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wdouble-promotion)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)  # in 32 bits a cast from size_t may well do nothing
+    target_compile_options(zylGeometryBuildOptions INTERFACE -Wuseless-cast)
+  endif()
+else()
+  # GCC counts an int template argument that is an array bound among the conversions of sign.
+  target_compile_options(zylGeometryBuildOptions INTERFACE -Wsign-conversion)
+endif()
 if(ZYL_GEOMETRY_WARNINGS_AS_ERRORS)
   target_compile_options(zylGeometryBuildOptions INTERFACE -Werror)
 endif()

@@ -105,10 +105,15 @@ void DrawPoles(svg::SvgWriter& picture, const std::string& style, const Attitude
   }
 }
 
-std::string Degrees(const char* format, double a, double b) {
-  char text[64];
-  std::snprintf(text, sizeof text, format, a, b);
+// Whole degrees, of at least so many digits.
+std::string Degrees(double angle, int digits) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%0*.0f°", digits, angle);
   return text;
+}
+
+std::string StrikeAndDip(const Attitude& plane) {
+  return "strike " + Degrees(plane.strike, 3) + ", dip " + Degrees(plane.dip, 1);
 }
 
 // Trend and plunge of a line, as a geologist writes them.
@@ -116,7 +121,8 @@ std::string TrendAndPlunge(const Coord3D& line) {
   const Coord3D down = line.z > 0 ? -line : line;
   const double trend = std::atan2(down.x, down.y) / kRadiansPerDegree;
   const double plunge = std::asin(-down.z) / kRadiansPerDegree;
-  return Degrees("plunges %.0f° towards %03.0f°", plunge, trend < 0 ? trend + 360 : trend);
+  return "plunges " + Degrees(plunge, 1) + " towards " +
+         Degrees(trend < 0 ? trend + 360 : trend, 3);
 }
 
 void DrawNote(svg::SvgWriter& picture, double y, const KeyEntry& entry, const std::string& note) {
@@ -149,11 +155,9 @@ void DrawStereonet(std::ostream& out) {
   const Coord3D line(along.x, along.y, along.z);
   picture.Circle(OnNet(line), 6, "shared");
 
-  DrawNote(picture, 150, {KeyEntry::kLine, "bedding", "bedding"},
-           Degrees("strike %03.0f°, dip %.0f°", bedding.strike, bedding.dip));
+  DrawNote(picture, 150, {KeyEntry::kLine, "bedding", "bedding"}, StrikeAndDip(bedding));
   DrawNote(picture, 200, {KeyEntry::kDot, "bedpole", "poles of bedding"}, "40 measurements");
-  DrawNote(picture, 250, {KeyEntry::kLine, "joints", "joints"},
-           Degrees("strike %03.0f°, dip %.0f°", joints.strike, joints.dip));
+  DrawNote(picture, 250, {KeyEntry::kLine, "joints", "joints"}, StrikeAndDip(joints));
   DrawNote(picture, 300, {KeyEntry::kDot, "jointpole", "poles of joints"}, "30 measurements");
   DrawNote(picture, 350, {KeyEntry::kDot, "shared", "their common line"}, TrendAndPlunge(line));
   picture.Finish();
