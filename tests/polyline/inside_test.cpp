@@ -191,9 +191,9 @@ TEST(IsPointInside, HoldsForEveryVertex) {
   }
 }
 
-// Rings that run back over themselves and are crossed in between, at points that are rounded. Taken
-// at their word, their triangles give the wrong answer at the points asked for.
-TEST(IsPointInside, DoesNotRelyOnTrianglesThatAreUnsound) {
+// Rings that run back over themselves and are crossed in between, at points that are rounded. Asked
+// at these points, triangles have given the wrong answer for what is named.
+TEST(IsPointInside, AgreesWithTheEvenOddRuleWhereTrianglesWereUnsound) {
   const struct {
     const char* fault;
     std::vector<double> ring;

@@ -163,20 +163,29 @@ TEST(Walk, IsGivenUpWhereItComesRoundAndThePointIsFoundAllTheSame) {
   EXPECT_GT(givenUp, 0);
 }
 
-// Asks for points of the plane around vertices of the ring, some of them vertices themselves.
+// Asks for points of the plane around vertices of the ring, some of them vertices themselves: once
+// of the triangles, and once of the boundary, as where triangles cannot be relied on.
 void CheckAgainstEvenOdd(const Ring2& ring, const rings::Plane& plane, int questions, double height,
                          std::mt19937_64& random) {
   const Polygon polygon = Triangulated(ring, plane);
   ASSERT_NE(polygon, nullptr);
   const Ring2 local = ToLocal(*polygon, ring, plane);
+  std::vector<TPoint> boundary = {{local.back()[0], local.back()[1], 0, 1}};
+  for (const Point2& p : local) {
+    boundary.push_back({p[0], p[1], 0, 0});
+  }
+  tri_Polygon outline = *polygon;
+  outline.boundary = boundary.data();
+  outline.boundaryCount = static_cast<int>(boundary.size());
   for (int i = 0; i < questions; ++i) {
     const double reach[] = {0, 1, 0.02};
     Point2 p = ring[random() % ring.size()];
     p[0] += rings::Uniform(random, -1, 1) * reach[i % 3];
     p[1] += rings::Uniform(random, -1, 1) * reach[i % 3] * height;
     const Point3 at = plane.At(p);
-    ASSERT_EQ(Locate(polygon, at), static_cast<int>(EvenOdd(local, ToLocal(*polygon, at))) - 1)
-        << p[0] << ", " << p[1];
+    const int expected = static_cast<int>(EvenOdd(local, ToLocal(*polygon, at))) - 1;
+    ASSERT_EQ(Locate(polygon, at), expected) << p[0] << ", " << p[1];
+    ASSERT_EQ(tri_Locate_Point(&outline, at.data(), nullptr, 0), expected) << p[0] << ", " << p[1];
   }
 }
 
