@@ -128,7 +128,7 @@ TEST(IsPointOnEdge, MeasuresADistanceInSpaceAndACrossProductInXY) {
                {dot, {1.02, 1, 7}, -1, false, false},
                {Polyline3D(), {0, 0, 0}, 1, false, false},
                {Polyline3D(Points{{0, 0, 0}, {9e-82, 0, 0}}), {4e-82, 0, 0}, 1e-6, true, true},
-               {road, {NAN, 0, 0}, 1, false, true}};
+               {road, {std::nan(""), 0, 0}, 1, false, true}};
   for (const auto& [polyline, p, tolerance, inXY, inSpace] : cases) {
     EXPECT_EQ(polyline.IsPointOnEdge(p, true, tolerance), inXY) << p.x << ", " << tolerance;
     EXPECT_EQ(polyline.IsPointOnEdge(p, false, tolerance), inSpace) << p.x << ", " << tolerance;
