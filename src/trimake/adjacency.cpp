@@ -140,7 +140,9 @@ void LinkBuckets(Stretch& stretch) {
   }
 }
 
-constexpr std::ptrdiff_t kForkAbove = 500;
+// Keys on which one thread is busy for some tenths of a millisecond: less is not worth waking
+// another one.
+constexpr std::ptrdiff_t kForkAbove = 10000;
 
 // Sorts and links the keys of a stretch, the two halves of a long one at the same time: no key of
 // one has anything to do with a key of the other.

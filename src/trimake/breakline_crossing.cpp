@@ -111,6 +111,19 @@ bool MoveIntoSight(const TQuadrilateral& q, TPoint* w) {
   return false;
 }
 
+// Moves w to where the piece a-p crosses the edge itself, if that sees all corners. Segments that
+// are very long beside their pieces cross, rounded, anywhere.
+void MoveOntoEdge(const TQuadrilateral& q, const TVertex* a, const TVertex* p, TPoint* w) {
+  const double left = orient2d(a->xy, p->xy, q.left->xy);
+  const double right = orient2d(a->xy, p->xy, q.right->xy);
+  const double t = left / (left - right);
+  const TPoint moved{q.left->xy[0] + t * (q.right->xy[0] - q.left->xy[0]),
+                     q.left->xy[1] + t * (q.right->xy[1] - q.left->xy[1]), w->z, 0};
+  if (q.IsSeenFrom(moved)) {
+    *w = moved;
+  }
+}
+
 // Puts a copy of the list before that of the edge.
 void AddList(TrimakeState& state, TEdge* edge, const TInfo* added) {
   TInfo* const list = CopyOf(state, added);
@@ -173,8 +186,11 @@ TCrossing tri_Cross_Breakline(TrimakeState& state, TEdge* c, const TVertex* a, c
         return kVertex;
       }
     }
-    if (!MoveIntoSight(q, &w) && (RemoveThin(state, c) || RemoveThin(state, c->twin))) {
-      return kThinned;
+    if (!MoveIntoSight(q, &w)) {
+      if (RemoveThin(state, c) || RemoveThin(state, c->twin)) {
+        return kThinned;
+      }
+      MoveOntoEdge(q, a, p, &w);
     }
   }
   *out = tri_New_Vertex(state, w.x, w.y, w.z);

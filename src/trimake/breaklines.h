@@ -69,7 +69,8 @@ TCrossing tri_Check_Crossings(TrimakeState& state, double dx, double dy, double 
 /// avoided by changes no larger than the distance within which points are one vertex: the segment
 /// is led to an end of c (kVertex), or the new vertex moved to where it sees its surroundings, or a
 /// triangle beside c taken out whose corner is that close to its opposite side (kThinned). Failing
-/// all, the triangle is turned over.
+/// these, the new vertex goes where the pieces a-p and c cross, and failing that the triangle is
+/// turned over.
 TCrossing tri_Cross_Breakline(TrimakeState& state, TEdge* c, const TVertex* a, const TVertex* p,
                               TVertex** out);
 

@@ -90,7 +90,7 @@ std::string MessageOfFailure(const Points& points, long k, bool andAllLater) {
 // Once and for all makes the task runtime take the memory that it keeps.
 class Allocation : public testing::Test {
  protected:
-  static void SetUpTestSuite() { Outputs().Triangulate(Uniform(300)); }
+  static void SetUpTestSuite() { Outputs().Triangulate(Uniform(10000)); }
 };
 
 TEST_F(Allocation, EveryFailureIsReportedLeaksNothingAndLeavesNoOutput) {

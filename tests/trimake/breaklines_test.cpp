@@ -220,6 +220,18 @@ TEST(Breaklines, NearlyCollinearSegmentsEnd) {
   tri_SetQuiet(0);
 }
 
+// Chords through the middle of a circle, but for one corner: along the edges to it, crossing points
+// are rounded to the next 1e8. Triangles turned over by them had lines cross ten times.
+TEST(Breaklines, AFarCornerMakesFewVerticesBesideTheCrossings) {
+  Points star = Generate(30, [](int i) {
+    return TPoint{std::cos(3.0902 * i), std::sin(3.0902 * i), 0, i > 0 ? kJoined : kLoose};
+  });
+  star[5].x = -1e24;
+  const Triangulation mesh = Triangulate(star);
+  EXPECT_EQ(mesh.result, 0);
+  EXPECT_LE(mesh.vertices.size(), 2u * (30 + 29 * 28 / 2));
+}
+
 class DamagedRings : public HandMade {
  protected:
   DamagedRings() {
