@@ -37,14 +37,16 @@ class Slabs {
 
   int Count() const { return last_ + 1; }
 
-  int Of(double x) const { return std::min(static_cast<int>((x - lowest_) * perUnit_), last_); }
+  int Of(double x) const {
+    return last_ == 0 ? 0 : std::min(static_cast<int>((x - lowest_) * perUnit_), last_);
+  }
 
  private:
   static constexpr int kPointsPerSlab = 4;
 
   double lowest_;
-  double perUnit_ = 0;  // 0, for a single slab, where x has no extent or one that overflows
-  int last_ = 0;
+  double perUnit_ = 0;
+  int last_ = 0;  // 0, for a single slab, also where x has no extent or one that overflows
 };
 
 }  // namespace
