@@ -71,7 +71,7 @@ try_fresh() {
   try_unpacked "$build"
 
   echo "== Set up a fresh Debian 12 in $root"
-  rm -rf "$root"
+  rm -rf --one-file-system "$root"
   debootstrap --variant=minbase bookworm "$root" "${DEBIAN_MIRROR:-http://deb.debian.org/debian}" \
     >"$build/debootstrap.log" || fail "cannot set up Debian, see $build/debootstrap.log"
   mkdir -p "$root/try/tests"
@@ -87,7 +87,7 @@ try_fresh() {
   echo "== Remove both"
   inside apt-get purge -y "$(field Package "$dev")" "$(field Package "$runtime")"
   [ -z "$(find "$root/usr" -ipath '*zylgeometry*')" ] || fail "something is left behind in $root/usr"
-  rm -rf "$root"
+  rm -rf --one-file-system "$root"
 }
 
 if [ "${1:-}" = --unpack ]; then
