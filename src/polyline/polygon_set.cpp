@@ -73,15 +73,68 @@ int FirstPointOf(const PolygonSet& set, int polygonId) {
   return -1;
 }
 
-// Whether the polygon whose points begin at `start` has a vertex there.
-bool HasVertex(const PolygonSet& set, int start, double x, double y, double z) {
-  const PolygonSetPoint* const p = set.points;
-  for (int i = start; i < set.pointCount && p[i].polygonId == p[start].polygonId; ++i) {
-    if (p[i].x == x && p[i].y == y && p[i].z == z) {
-      return true;
+// The points of one polygon, each as its three coordinates; the last is joined to the first.
+struct Outline {
+  const PolygonSetPoint* points;
+  int count;
+
+  const double* At(int i) const { return &points[i].x; }
+};
+
+Outline OutlineAt(const PolygonSet& set, int start) {
+  int end = start;
+  while (end < set.pointCount && set.points[end].polygonId == set.points[start].polygonId) {
+    ++end;
+  }
+  return {set.points + start, end - start};
+}
+
+// Moves a point along the axes on which all points of the outline agree: into the plane of a
+// horizontal polygon, say, and exactly.
+void MoveIntoPlane(const Outline& outline, double* p) {
+  for (int axis = 0; axis < 3; ++axis) {
+    int i = 1;
+    while (i < outline.count && outline.At(i)[axis] == outline.At(0)[axis]) {
+      ++i;
+    }
+    if (i == outline.count) {
+      p[axis] = outline.At(0)[axis];
     }
   }
-  return false;
+}
+
+bool IsInBox(const double* a, const double* b, const double* p) {
+  for (int axis = 0; axis < 3; ++axis) {
+    const auto [least, greatest] = std::minmax(a[axis], b[axis]);
+    if (!(least <= p[axis] && p[axis] <= greatest)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// Whether a point lies exactly on the boundary: on a vertex, where edges cross, or on an edge that
+// the boundary does not run along twice.
+bool IsOnBoundary(const Outline& outline, const double* p) {
+  bool onEdge = false;
+  const double* line[2] = {nullptr, nullptr};  // the last edge that holds the point
+  for (int i = 0; i < outline.count; ++i) {
+    const double* const a = outline.At(i == 0 ? outline.count - 1 : i - 1);
+    const double* const b = outline.At(i);
+    if (!IsInBox(a, b, p) || !tri_Are_In_Line(a, b, p)) {
+      continue;
+    }
+    const bool isVertex = std::equal(p, p + 3, a) || std::equal(p, p + 3, b);
+    const bool isCrossing = line[0] != nullptr && !(tri_Are_In_Line(line[0], line[1], a) &&
+                                                    tri_Are_In_Line(line[0], line[1], b));
+    if (isVertex || isCrossing) {
+      return true;
+    }
+    line[0] = a;
+    line[1] = b;
+    onEdge = !onEdge;
+  }
+  return onEdge;
 }
 
 bool Grow(PolygonSet& set) {
@@ -233,12 +286,15 @@ int PolygonSet_IsPointInside(PolygonSet* set, int polygonId, double x, double y,
   if (start < 0 || g < 0 || g >= set->triangulationCount || set->triangulations[g] == nullptr) {
     return 0;
   }
-  const double point[3] = {x, y, z};
+  double point[3] = {x, y, z};
   if (tri_Locate_Point(set->triangulations[g], point, nullptr, 0.0) != kOutside) {
     return 1;
   }
-  // A vertex as good as on another one is not in the triangulation, but belongs to the boundary.
-  return HasVertex(*set, start, x, y, z) ? 1 : 0;
+  // In the fitted plane coordinates are rounded, and vertices that are as good as one are one: both
+  // may leave a point of the boundary outside.
+  const Outline outline = OutlineAt(*set, start);
+  MoveIntoPlane(outline, point);
+  return IsOnBoundary(outline, point) ? 1 : 0;
 }
 
 double PolygonSet_SignedArea(const PolygonSet* set, int polygonId) {

@@ -223,4 +223,10 @@ int tri_Locate_Point(tri_Polygon* polygon, const double* point, const double* di
   return !found.outside && polygon->inside[found.triangle] != 0 ? kInside : kOutside;
 }
 
+bool tri_Are_In_Line(const double* a, const double* b, const double* c) {
+  const double zx[3][2] = {{a[2], a[0]}, {b[2], b[0]}, {c[2], c[0]}};
+  return orient2d(a, b, c) == 0 && orient2d(a + 1, b + 1, c + 1) == 0 &&
+         orient2d(zx[0], zx[1], zx[2]) == 0;
+}
+
 }  // namespace zyl::geometry::internal

@@ -42,4 +42,9 @@ TWalk tri_Walk(const tri_Polygon& polygon, const double* query, int start);
 int tri_Locate_Point(tri_Polygon* polygon, const double* point, const double* direction,
                      double tolerance);
 
+/// Whether three points in space are in line, exactly: they are if their shadows along all three
+/// axes are. False if a predicate overflows. Needs a triangulation to have been built before, which
+/// makes the predicates exact.
+bool tri_Are_In_Line(const double* a, const double* b, const double* c);
+
 }  // namespace zyl::geometry::internal

@@ -153,22 +153,29 @@ TEST(IsPointInside, KnowsAnEdgeFromWhatIsBesideIt) {
   }
 }
 
-// Asked at every half step; on an edge only if no other edge crosses that one.
-void CheckGridWalks(int rounds, int side, std::size_t mostVertices, std::mt19937_64& random) {
-  constexpr double kUnit = 1.0 / 4096;
+// Asked at every half step; on an edge only if no other edge crosses that one. In the plane
+// z = slope (x - 2y), in which all these points are exact.
+void CheckGridWalks(int rounds, int side, std::size_t mostVertices, double unit, double slope,
+                    std::mt19937_64& random) {
+  const auto at = [&](const Point2& p) {
+    return Point3D(p[0] * unit, p[1] * unit, slope * (p[0] - 2 * p[1]) * unit);
+  };
   const auto atHalfStep = [&] {
     return static_cast<double>(random() % static_cast<unsigned>(2 * side + 3)) / 2 - 0.5;
   };
   for (int round = 0; round < rounds; ++round) {
     const Ring2 ring = rings::GridWalk(3 + random() % (mostVertices - 2), side, random);
-    const Polyline3D polyline = OnTheGround(ring, kUnit);
+    Polyline3D polyline;
+    for (const Point2& p : ring) {
+      polyline.Add(at(p));
+    }
+    polyline.SetClosed(true);
     const bool hasArea = exact::HasArea(ring);
     for (int q = 0; q < 40; ++q) {
       const double x = atHalfStep();
       const Point2 p = {x, atHalfStep()};
       const bool expected = hasArea && EvenOdd(ring, p) != Place::kOutside;
-      ASSERT_TRUE(exact::IsOnCrossedEdge(ring, p) ||
-                  polyline.IsPointInside(p[0] * kUnit, p[1] * kUnit, 0) == expected)
+      ASSERT_TRUE(exact::IsOnCrossedEdge(ring, p) || polyline.IsPointInside(at(p)) == expected)
           << "side " << side << ", round " << round << " at " << p[0] << ", " << p[1];
     }
   }
@@ -179,8 +186,11 @@ void CheckGridWalks(int rounds, int side, std::size_t mostVertices, std::mt19937
 // and a further edge through the same place cannot be forced in.
 TEST(IsPointInside, AgreesWithTheEvenOddRuleOnTangledRings) {
   std::mt19937_64 random(1234);
-  CheckGridWalks(400, 4, 14, random);
-  CheckGridWalks(150, 16, 40, random);
+  for (const double slope : {0, 1, -3}) {
+    CheckGridWalks(400, 4, 14, 0x1p-12, slope, random);
+    CheckGridWalks(150, 16, 40, 0x1p-12, slope, random);
+    CheckGridWalks(150, 16, 40, 1, slope, random);
+  }
 }
 
 // The fourth is as good as on the third, and one with it in the triangulation.
