@@ -133,10 +133,12 @@ struct Stretch {
 };
 
 void LinkBuckets(Stretch& stretch) {
-  for (EdgeKey *bucket = stretch.begin, *behind = bucket; bucket != stretch.end; bucket = behind) {
-    behind = stretch.EndOfBucket(bucket);
+  EdgeKey* bucket = stretch.begin;
+  while (bucket != stretch.end) {
+    EdgeKey* const behind = stretch.EndOfBucket(bucket);
     tri_Parallel_Sort(bucket, static_cast<std::size_t>(behind - bucket), DescendingKeys());
     stretch.crowded = LinkRuns(bucket, behind, stretch.neighbours) || stretch.crowded;
+    bucket = behind;
   }
 }
 

@@ -8,13 +8,13 @@ namespace zyl::geometry::internal {
 
 #if defined(__linux__)
 void UseHugePages(void* memory, std::size_t size) {
-  constexpr std::uintptr_t kHugePage = std::uintptr_t{1} << 21;
-  const std::uintptr_t begin = reinterpret_cast<std::uintptr_t>(memory);
-  const std::uintptr_t first = (begin + kHugePage - 1) / kHugePage * kHugePage;
-  const std::uintptr_t end = (begin + size) / kHugePage * kHugePage;
-  if (first < end) {
+  constexpr std::size_t kHugePage = std::size_t{1} << 21;
+  const std::size_t beyond = reinterpret_cast<std::uintptr_t>(memory) % kHugePage;
+  const std::size_t skipped = beyond == 0 ? 0 : kHugePage - beyond;
+  if (size >= skipped + kHugePage) {
     // Only advice: where it is refused, the block is as good with pages of the usual size.
-    static_cast<void>(madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE));
+    const std::size_t whole = (size - skipped) / kHugePage * kHugePage;
+    static_cast<void>(madvise(static_cast<char*>(memory) + skipped, whole, MADV_HUGEPAGE));
   }
 }
 #else
