@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -90,14 +91,14 @@ Outline OutlineAt(const PolygonSet& set, int start) {
 }
 
 // Moves a point along the axes on which all points of the outline agree: into the plane of a
-// horizontal polygon, say, and exactly.
+// horizontal polygon, say, and exactly. What is infinitely far away, or nowhere, stays there.
 void MoveIntoPlane(const Outline& outline, double* p) {
   for (int axis = 0; axis < 3; ++axis) {
     int i = 1;
     while (i < outline.count && outline.At(i)[axis] == outline.At(0)[axis]) {
       ++i;
     }
-    if (i == outline.count) {
+    if (i == outline.count && std::isfinite(p[axis])) {
       p[axis] = outline.At(0)[axis];
     }
   }

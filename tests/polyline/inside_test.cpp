@@ -95,7 +95,7 @@ TEST(IsPointInside, IsFalseWithoutAPolygon) {
 TEST(IsPointInside, IsFalseForCoordinatesThatAreNoNumbers) {
   const Polyline3D square = Closed({0, 0, 0, 4, 0, 0, 4, 4, 0, 0, 4, 0});
   for (const double bad : {kNaN, kInf, -kInf}) {
-    ExpectPlaces(square, {}, {bad, 1, 0, 1, bad, 0, 1, 1, bad});
+    ExpectPlaces(square, {}, {bad, 1, 0, 1, bad, 0, 1, 1, bad, 2, 0, bad, 4, 4, bad});
     for (unsigned int i = 0; i < square.Size(); ++i) {
       for (double Point3D::*coordinate : {&Point3D::x, &Point3D::y, &Point3D::z}) {
         Polyline3D broken = square;
