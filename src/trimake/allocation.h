@@ -23,9 +23,9 @@ class MallocArray : public std::unique_ptr<T[], FreeMemory> {
   T& operator[](std::ptrdiff_t i) const { return this->get()[i]; }
 };
 
-/// Asks the system to back what a fresh block holds of whole huge pages by such pages: touched for
-/// the first time in pages of the usual size, hundreds of megabytes take longer than the work on
-/// them. Does nothing where the system knows no huge pages.
+/// Asks the system to back what a fresh block holds of whole huge pages by such pages: to touch
+/// hundreds of megabytes for the first time in pages of the usual size takes a good part of a
+/// build. Does nothing where the system knows no huge pages.
 void UseHugePages(void* memory, std::size_t size);
 
 /// `count` records, uninitialised; at least one, so that null is always a failure.
