@@ -16,7 +16,7 @@ digest() {
     -DZYL_GEOMETRY_USE_TBB="$4" -DZYL_GEOMETRY_BUILD_TESTS=OFF -DZYL_GEOMETRY_BUILD_EXAMPLES=OFF \
     >"$out/$1.log"
   cmake --build "$out/$1" --target digest --parallel "$(nproc)" >>"$out/$1.log"
-  "$out/$1/tests/determinism/digest" >"$out/$1.txt"
+  "$out/$1/tools/digest" >"$out/$1.txt"
 }
 
 digest gcc-O0 g++ "-O0" ON

@@ -6,8 +6,8 @@
 cmake_minimum_required(VERSION 3.25)
 
 file(GLOB_RECURSE everything RELATIVE ${ROOT} ${ROOT}/include/* ${ROOT}/src/* ${ROOT}/tests/*
-     ${ROOT}/examples/* ${ROOT}/benchmarks/* ${ROOT}/fuzz/* ${ROOT}/scripts/* ${ROOT}/docs/*
-     ${ROOT}/cmake/* ${ROOT}/*.md ${ROOT}/CMakeLists.txt ${ROOT}/CMakePresets.json)
+     ${ROOT}/examples/* ${ROOT}/benchmarks/* ${ROOT}/fuzz/* ${ROOT}/tools/* ${ROOT}/scripts/*
+     ${ROOT}/docs/* ${ROOT}/cmake/* ${ROOT}/*.md ${ROOT}/CMakeLists.txt ${ROOT}/CMakePresets.json)
 list(FILTER everything EXCLUDE REGEX "^build")
 
 set(names "")
