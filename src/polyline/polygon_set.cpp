@@ -114,28 +114,20 @@ bool IsInBox(const double* a, const double* b, const double* p) {
   return true;
 }
 
-// Whether a point lies exactly on the boundary: on a vertex, where edges cross, or on an edge that
-// the boundary does not run along twice.
+// Whether a point lies exactly on the boundary: on a vertex, or on edges that make it so.
 bool IsOnBoundary(const Outline& outline, const double* p) {
-  bool onEdge = false;
-  const double* line[2] = {nullptr, nullptr};  // the last edge that holds the point
+  TEdgesAtPoint atP(&tri_Are_In_Line);
   for (int i = 0; i < outline.count; ++i) {
     const double* const a = outline.At(i == 0 ? outline.count - 1 : i - 1);
     const double* const b = outline.At(i);
-    if (!IsInBox(a, b, p) || !tri_Are_In_Line(a, b, p)) {
-      continue;
-    }
-    const bool isVertex = std::equal(p, p + 3, a) || std::equal(p, p + 3, b);
-    const bool isCrossing = line[0] != nullptr && !(tri_Are_In_Line(line[0], line[1], a) &&
-                                                    tri_Are_In_Line(line[0], line[1], b));
-    if (isVertex || isCrossing) {
+    if (std::equal(p, p + 3, b)) {
       return true;
     }
-    line[0] = a;
-    line[1] = b;
-    onEdge = !onEdge;
+    if (IsInBox(a, b, p) && tri_Are_In_Line(a, b, p)) {
+      atP.Add(a, b);
+    }
   }
-  return onEdge;
+  return atP.AreBoundary();
 }
 
 bool Grow(PolygonSet& set) {

@@ -119,18 +119,14 @@ bool CrossesRay(const double* a, const double* b, const double* query) {
   return rises ? orient2d(a, b, query) > 0 : orient2d(a, b, query) < 0;
 }
 
-bool AreInLine(const double* a, const double* b, const double* c, const double* d) {
-  return orient2d(a, b, c) == 0 && orient2d(a, b, d) == 0;
-}
+bool AreInLine(const double* a, const double* b, const double* c) { return orient2d(a, b, c) == 0; }
 
 // The answer from the boundary alone, without the triangles: inside is what an odd number of edges
-// separates from far away. An edge that the boundary runs along twice is none, but where edges
-// cross the boundary has a corner. O(boundary).
+// separates from far away. O(boundary).
 int LocateByCrossings(const tri_Polygon& polygon, const double* query, double tolerance) {
   const double tolerance2 = tolerance * tolerance;
   bool inside = false;
-  bool onEdge = false;
-  const double* line[2] = {nullptr, nullptr};  // the last edge that holds the query point
+  TEdgesAtPoint atQuery(&AreInLine);
   for (int i = 0; i < polygon.boundaryCount; ++i) {
     const double* const b = &polygon.boundary[i].x;
     const Offset w = Difference(b, query);
@@ -142,16 +138,11 @@ int LocateByCrossings(const tri_Polygon& polygon, const double* query, double to
     }
     const double* const a = &polygon.boundary[i - 1].x;
     if (IsNearEdge(a, b, query, tolerance2)) {
-      if (line[0] != nullptr && !AreInLine(line[0], line[1], a, b)) {
-        return kOnBoundary;
-      }
-      line[0] = a;
-      line[1] = b;
-      onEdge = !onEdge;
+      atQuery.Add(a, b);
     }
     inside = inside != CrossesRay(a, b, query);
   }
-  if (onEdge) {
+  if (atQuery.AreBoundary()) {
     return kOnBoundary;
   }
   return inside ? kInside : kOutside;

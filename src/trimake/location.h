@@ -42,6 +42,33 @@ TWalk tri_Walk(const tri_Polygon& polygon, const double* query, int start);
 int tri_Locate_Point(tri_Polygon* polygon, const double* point, const double* direction,
                      double tolerance);
 
+/// The edges of a boundary that hold one point, and whether they make that a point of the boundary:
+/// they do where two of them cross, and else if their number is odd, for an edge that the boundary
+/// runs along twice is none. Keeps the addresses of the last edge's ends.
+class TEdgesAtPoint {
+ public:
+  using InLine = bool(const double* a, const double* b, const double* c);
+
+  explicit TEdgesAtPoint(InLine* areInLine) : areInLine_(areInLine) {}
+
+  void Add(const double* a, const double* b) {
+    areCrossing_ =
+        areCrossing_ || (a_ != nullptr && !(areInLine_(a_, b_, a) && areInLine_(a_, b_, b)));
+    isOdd_ = !isOdd_;
+    a_ = a;
+    b_ = b;
+  }
+
+  bool AreBoundary() const { return areCrossing_ || isOdd_; }
+
+ private:
+  InLine* areInLine_;
+  const double* a_ = nullptr;
+  const double* b_ = nullptr;
+  bool areCrossing_ = false;
+  bool isOdd_ = false;
+};
+
 /// Whether three points in space are in line, exactly: they are if their shadows along all three
 /// axes are. False if a predicate overflows. Needs a triangulation to have been built before, which
 /// makes the predicates exact.
