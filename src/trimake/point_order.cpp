@@ -12,12 +12,14 @@ constexpr double kDuplicate2 = 1e-16;
 
 // Points of one position keep their order of input, so that the result does not depend on how it
 // was sorted.
-bool ComesBefore(const TSortedPoint& a, const TSortedPoint& b) {
-  if (a.x != b.x) {
-    return a.x < b.x;
+struct ComesBefore {
+  bool operator()(const TSortedPoint& a, const TSortedPoint& b) const {
+    if (a.x != b.x) {
+      return a.x < b.x;
+    }
+    return a.y != b.y ? a.y < b.y : a.index < b.index;
   }
-  return a.y != b.y ? a.y < b.y : a.index < b.index;
-}
+};
 
 // Slabs of equal width between the extremes of x. Rounding does not exchange two x, so that slabs
 // follow each other as their points do.
@@ -71,7 +73,7 @@ MallocArray<TSortedPoint> tri_Sort_Points(int n, const TPoint* points, const cha
   }
   begin = 0;
   for (int s = 0; s < count; ++s) {
-    std::sort(sorted.get() + begin, sorted.get() + next[s], ComesBefore);
+    std::sort(sorted.get() + begin, sorted.get() + next[s], ComesBefore());
     begin = next[s];
   }
   return sorted;
