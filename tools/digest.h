@@ -1,4 +1,5 @@
 #pragma once
+
 // Sums the bits of results, so that two builds can be compared by a line of text.
 
 #include <cstddef>

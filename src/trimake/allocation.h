@@ -1,4 +1,5 @@
 #pragma once
+
 // Arrays of plain records from the runtime's allocator, owned until they are handed out.
 
 #include <cstddef>

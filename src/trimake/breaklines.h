@@ -1,4 +1,5 @@
 #pragma once
+
 // Breaklines: segments between vertices that are forced into a triangulation as chains of edges.
 //
 // A segment is routed through the vertices that lie on it, and through a new vertex where it

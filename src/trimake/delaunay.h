@@ -1,4 +1,5 @@
 #pragma once
+
 // Delaunay triangulation of points in the x-y plane, with breaklines: the entry of the engine, its
 // driver and its one setting.
 

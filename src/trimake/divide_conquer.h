@@ -1,4 +1,5 @@
 #pragma once
+
 // Divide-and-conquer construction of the Delaunay triangulation of sorted vertices.
 //
 // L. Guibas and J. Stolfi, "Primitives for the manipulation of general subdivisions and the

@@ -1,4 +1,5 @@
 #pragma once
+
 // Reads the finished triangulation off the vertex rings into the arrays that leave the engine.
 
 #include "trimake/records.h"

@@ -1,4 +1,5 @@
 #pragma once
+
 // Orientation tests as the triangulator reads them, on vertices and points alike.
 //
 // Signs are exact. A coordinate that overflows a predicate gives NaN, which is neither clockwise,

@@ -1,4 +1,5 @@
 #pragma once
+
 // The circles through the two ends of an edge, and which of them vertices lie on.
 //
 // From a vertex v on one side of the edge L→R the two ends are seen under an angle, the same from

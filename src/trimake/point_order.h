@@ -1,4 +1,5 @@
 #pragma once
+
 // Distinct points of an input, sorted by x then y.
 
 #include "trimake/allocation.h"

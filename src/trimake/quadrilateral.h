@@ -1,4 +1,5 @@
 #pragma once
+
 // The two triangles beside an edge.
 
 #include "trimake/orientation.h"

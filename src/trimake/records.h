@@ -1,4 +1,5 @@
 #pragma once
+
 // Records and storage of the triangulator: points, vertices, half-edges, breakline lists, the
 // growable array, the blocks they are carved from and the state that one build keeps.
 //
