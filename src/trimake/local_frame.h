@@ -25,8 +25,9 @@ void tri_Frame_From_Normal(double nx, double ny, double nz, TFrameForm form, TMa
 /// Fits z, y and x in turn as a function of the other two coordinates by least squares and takes
 /// the plane with the smallest sum of distances. A fit whose determinant is at most 1e-4 in
 /// magnitude, in the units of the coordinates to the fourth power, does not count; nor does one
-/// that overflows. If none is left, as of points on one line or of a polygon a few centimetres
-/// across, `toLocal` is the identity.
+/// whose distances are not finite. If none is left, as of points on one line or of a polygon a few
+/// centimetres across, `toLocal` is the identity. With a mean beyond 1e30 the frame has no inverse
+/// that tri_Invert_Matrix could find, and where the square of a slope overflows `toLocal` is NaN.
 void tri_Fit_Plane(int count, const TPoint* points, TMatrix& toLocal);
 
 /// Inverse by Gauss-Jordan elimination with partial pivoting. A column without a pivot of at least
