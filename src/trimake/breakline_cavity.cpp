@@ -45,7 +45,7 @@ TEdge* RemoveCrossing(TrimakeState& state, const TVertex* from, const TVertex* p
 }  // namespace
 
 int tri_Collect_Chain(TrimakeState& state, bool remove, TVertex* a, TEdge* e, const TVertex* p,
-                      TVertex** end, int* count, TChainEntry** list) {
+                      int* count, TChainEntry** list) {
   TArray* const entries = state.chain;
   const int first = entries->count;
   TVertex* v = a;
@@ -63,7 +63,6 @@ int tri_Collect_Chain(TrimakeState& state, bool remove, TVertex* a, TEdge* e, co
     position = position->twin->next;
   }
   Append(entries, {v, position->prev});
-  *end = v;
   *count = entries->count - first;
   *list = static_cast<TChainEntry*>(entries->data) + first;
   return 0;

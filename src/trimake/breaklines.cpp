@@ -95,16 +95,15 @@ int FollowEdges(TrimakeState& state, TVertex** a, TVertex* p, TEdge** out) {
 // edge into it and fills both sides. With k and l vertices on them, k + l − 5 edges go and as many
 // come, so that the free half-edges suffice.
 int ReplaceCrossed(TrimakeState& state, TVertex* a, TEdge* e, TVertex* p) {
-  TVertex* end = nullptr;
   TChainEntry* list = nullptr;
   int k = 0;
-  if (tri_Collect_Chain(state, true, a, e, p, &end, &k, &list) < 0 ||
+  if (tri_Collect_Chain(state, true, a, e, p, &k, &list) < 0 ||
       tri_Fill_Chain(state, k, list) < 0) {
     return -1;
   }
   int l = 0;
   TEdge* const lastPosition = list[k - 1].edge;
-  if (tri_Collect_Chain(state, false, p, lastPosition, a, &end, &l, &list) < 0 ||
+  if (tri_Collect_Chain(state, false, p, lastPosition, a, &l, &list) < 0 ||
       tri_Fill_Chain(state, l, list) < 0) {
     return -1;
   }

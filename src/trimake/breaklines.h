@@ -78,10 +78,10 @@ TCrossing tri_Cross_Breakline(TrimakeState& state, TEdge* c, const TVertex* a, c
 /// Walks along the boundary of a corridor from a to p, beginning with e->next, and appends what it
 /// passes to the chain list, both ends included. With `remove`, deletes the edges on its way that
 /// cross to the right of a→p, breaklines too: of those the first is reported.
-/// *list and *count are what was added. Returns 0; or -1, with the chain list emptied, if the walk
-/// does not arrive.
+/// *list and *count are what was added, for as long as no more is. Returns 0; or -1, with neither
+/// written and the chain list emptied, if the walk does not arrive.
 int tri_Collect_Chain(TrimakeState& state, bool remove, TVertex* a, TEdge* e, const TVertex* p,
-                      TVertex** end, int* count, TChainEntry** list);
+                      int* count, TChainEntry** list);
 
 /// Triangulates the polygon of k vertices, to the right of the chain, that the segment between the
 /// chain's ends closes. The ends' edges are then those after which that segment has to go. The new

@@ -347,10 +347,9 @@ TEST_F(DamagedRings, CuttingABreaklineIsReportedOnce) {
   const auto collect = [&] {
     tri_Mark_Edge(state_, cut);
     state_.chain->Drop(state_.chain->count);
-    TVertex* end = nullptr;
     int count = 0;
     TChainEntry* list = nullptr;
-    EXPECT_EQ(tri_Collect_Chain(state_, true, V(A), e, V(P), &end, &count, &list), 0);
+    EXPECT_EQ(tri_Collect_Chain(state_, true, V(A), e, V(P), &count, &list), 0);
     ASSERT_EQ(count, 3);
     EXPECT_EQ(list[1].vertex, V(L));
     EXPECT_EQ(list[1].edge->dest, V(A));
