@@ -74,7 +74,7 @@ int FirstPointOf(const PolygonSet& set, int polygonId) {
   return -1;
 }
 
-// The points of one polygon, each as its three coordinates; the last is joined to the first.
+// The points of one polygon.
 struct Outline {
   const PolygonSetPoint* points;
   int count;
@@ -144,14 +144,14 @@ bool Grow(PolygonSet& set) {
 }
 
 tri_Polygon* TriangulateRun(const PolygonSet& set, int polygon, TPoint* scratch) {
-  const int start = set.polygonStart[polygon];
-  const int id = set.points[start].polygonId;
-  int count = 0;
-  for (int i = start; i < set.pointCount && set.points[i].polygonId == id; ++i) {
-    scratch[count++] = {set.points[i].x, set.points[i].y, set.points[i].z, 0};
+  const Outline outline = OutlineAt(set, set.polygonStart[polygon]);
+  for (int i = 0; i < outline.count; ++i) {
+    const PolygonSetPoint& p = outline.points[i];
+    scratch[i] = {p.x, p.y, p.z, 0};
   }
   int error = 0;
-  tri_Polygon* const triangulated = tri_Triangulate_Polygon(count, scratch, nullptr, &error);
+  tri_Polygon* const triangulated =
+      tri_Triangulate_Polygon(outline.count, scratch, nullptr, &error);
   if (error != 0) {
     tri_Free_Polygon(triangulated);
     return nullptr;
@@ -292,11 +292,14 @@ int PolygonSet_IsPointInside(PolygonSet* set, int polygonId, double x, double y,
 
 double PolygonSet_SignedArea(const PolygonSet* set, int polygonId) {
   int g = -1;
-  const int s = PolygonSet_FindPolygon(set, polygonId, &g);
-  const PolygonSetPoint* const p = set->points;
+  const int start = PolygonSet_FindPolygon(set, polygonId, &g);
+  if (start < 0) {
+    return 0;
+  }
+  const auto [p, count] = OutlineAt(*set, start);
   double sum = 0;
-  for (int k = s + 1; s >= 0 && k < set->pointCount && p[k].polygonId == polygonId; ++k) {
-    sum += (p[k - 1].y + p[k].y - p[s].y) * (p[k].x - p[k - 1].x);
+  for (int k = 1; k < count; ++k) {
+    sum += (p[k - 1].y + p[k].y - p[0].y) * (p[k].x - p[k - 1].x);
   }
   return 0.5 * sum;
 }

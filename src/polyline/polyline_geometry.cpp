@@ -84,13 +84,7 @@ Point3D Offset(const Point3D& p, const Direction& along, double distance) {
   return {p.x + distance * along.x, p.y + distance * along.y, p.z + distance * along.z};
 }
 
-bool IsWithin(double value, double a, double b, double tolerance) {
-  const double low = b > a ? a : b;
-  const double high = b > a ? b : a;
-  return value >= low - tolerance && value <= high + tolerance;
-}
-
-// Not the negation of IsWithin: NaN is neither.
+// False of NaN.
 bool IsBeyond(double value, double a, double b, double tolerance) {
   const double low = b > a ? a : b;
   const double high = b > a ? b : a;
@@ -98,9 +92,10 @@ bool IsBeyond(double value, double a, double b, double tolerance) {
 }
 
 // Strict, and of the cross product: the distance of p from the line times the length of the edge.
+// Where a coordinate is NaN so is that, and p is not on the edge.
 bool IsOnEdgeXY(const Point3D& p, const Point3D& a, const Point3D& b, double tolerance) {
   const double t = tolerance < 0.0 ? kDefaultTolerance : tolerance;
-  if (!IsWithin(p.x, a.x, b.x, t) || !IsWithin(p.y, a.y, b.y, t)) {
+  if (IsBeyond(p.x, a.x, b.x, t) || IsBeyond(p.y, a.y, b.y, t)) {
     return false;
   }
   return t > std::fabs((a.y - p.y) * (b.x - a.x) - (a.x - p.x) * (b.y - a.y));
