@@ -241,25 +241,20 @@ bool Voxelation::CollectIDsAt(std::set<int64>& ids, Location& loc) const {
   }
   const bool inGrid =
       loc.i >= 0 && loc.i < nx_ && loc.j >= 0 && loc.j < ny_ && loc.k >= 0 && loc.k < nz_;
-  return inGrid ? CollectBetween(ids, loc, loc) : !ids.empty();
+  if (inGrid) {
+    VisitVoxels(loc, loc, [&ids](const IdList& voxel) { ids.insert(voxel.begin(), voxel.end()); });
+  }
+  return !ids.empty();
 }
 
 bool Voxelation::CollectIDsNear(std::set<int64>& ids, const Coord3D& centre, double rx, double ry,
                                 double rz) const {
   Location low;
   Location high;
-  return Locate(centre.x - rx, centre.y - ry, centre.z - rz, low) &&
-         Locate(centre.x + rx, centre.y + ry, centre.z + rz, high) &&
-         CollectBetween(ids, low, high);
-}
-
-bool Voxelation::CollectIDsIn(std::set<int64>& ids, const Extent& e) const {
-  const Coord3D halfSides = e.Sides() * 0.5;
-  return CollectIDsNear(ids, e.Centroid(), halfSides.x, halfSides.y, halfSides.z);
-}
-
-bool Voxelation::CollectBetween(std::set<int64>& ids, const Location& low,
-                                const Location& high) const {
+  if (!Locate(centre.x - rx, centre.y - ry, centre.z - rz, low) ||
+      !Locate(centre.x + rx, centre.y + ry, centre.z + rz, high)) {
+    return false;
+  }
   Gathering gathering;
   VisitVoxels(low, high, [&gathering](const IdList& voxel) {
     for (const int64 id : voxel) {
@@ -268,6 +263,11 @@ bool Voxelation::CollectBetween(std::set<int64>& ids, const Location& low,
   });
   gathering.MoveInto(ids);
   return !ids.empty();
+}
+
+bool Voxelation::CollectIDsIn(std::set<int64>& ids, const Extent& e) const {
+  const Coord3D halfSides = e.Sides() * 0.5;
+  return CollectIDsNear(ids, e.Centroid(), halfSides.x, halfSides.y, halfSides.z);
 }
 
 void Voxelation::Free() {

@@ -121,7 +121,6 @@ class ZYL_GEOMETRY_API Voxelation {
   // Box of a voxel, on request widened at each end by half a percent of the voxel's length.
   bool GetExtent(int i, int j, int k, Extent& out, bool enlarge);
   bool GetExtent(const Location& loc, Extent& out, bool enlarge);
-  bool CollectBetween(std::set<int64>& ids, const Location& low, const Location& high) const;
   template <class Visit>
   void VisitVoxels(const Location& low, const Location& high, Visit visit) const;
 
