@@ -235,7 +235,7 @@ int geom_SegmentHitPlane(const Segment& segment, const Plane& plane, Intersectio
     return -1;
   }
   const double t = ParameterOfHit(plane, segment.start, den);
-  if (t < 0.0 || t > segment.Length()) {
+  if (t < 0.0 || t > length) {
     return -1;
   }
   SetHit(segment.start, u, t, out);
