@@ -32,7 +32,7 @@ struct tri_Polygon {
 ///
 /// Returns null if count < 1, if fewer than three points are distinct in that plane or all are on
 /// one line, if a coordinate is NaN or infinite, if the triangulation fails, or if memory runs out.
-/// `error` is set to 0 in every case. Never throws. O(n log n) if few boundaries cross.
+/// `error` is set to 0 in every case. Never throws. O(n log n) if few segments cross or overlap.
 tri_Polygon* tri_Triangulate_Polygon(int count, const TPoint* points, const double* normal,
                                      int* error);
 

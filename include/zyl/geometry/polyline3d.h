@@ -98,9 +98,9 @@ class ZYL_GEOMETRY_API Polyline3D {
   /// does not matter. A polygon that crosses itself follows the even-odd rule. An open polyline
   /// answers as the ring it outlines. False if there is no polygon (fewer than three distinct
   /// points, or all on one line), if a coordinate is NaN, and if memory runs out; nothing is
-  /// thrown. Wrong answers are possible if coordinates exceed 1e30. O(n log n), as every call
-  /// builds a constrained Delaunay triangulation anew; the guide to the architecture names the
-  /// sources. Any number of threads may ask at once.
+  /// thrown. Wrong answers are possible if coordinates exceed 1e30. O(n log n) if few edges
+  /// cross or overlap: every call builds a constrained Delaunay triangulation anew; the guide to
+  /// the architecture names the sources. Any number of threads may ask at once.
   bool IsPointInside(const Point3D& p) const;
   /// The same of the point (x, y, z).
   bool IsPointInside(const double& x, const double& y, const double& z) const;
