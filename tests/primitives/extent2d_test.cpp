@@ -32,12 +32,6 @@ TEST(Extent2D, ConvertsAndIsAssignedFromOtherBoxes) {
   ExpectBox(box = bounds, 1, 2, 4, 5);
 }
 
-TEST(Extent2D, DocumentedExample) {
-  const Extent2D sheet(0, 0, 4, 3);
-  EXPECT_TRUE(sheet.IsInside(4, 1));
-  EXPECT_EQ(sheet.GetArea(false), 12);
-}
-
 TEST(Extent2D, IsValidIfBothSidesAreLongEnough) {
   EXPECT_TRUE(Extent2D(0, 0, 1, 1).IsValid());
   EXPECT_TRUE(Extent2D(1, 0, 0, 1).IsValid());      // inverted

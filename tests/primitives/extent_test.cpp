@@ -48,12 +48,6 @@ TEST(Extent, MeasuresAndResizesItself) {
   EXPECT_EQ(box, Extent(1, 0, 2, 9, 6.5, 10));
 }
 
-TEST(Extent, DocumentedExample) {
-  const Extent site(Coord3D(0, 0, 0), Coord3D(4, 3, 2));
-  EXPECT_TRUE(site.IsInside(Coord3D(4, 1, 1)));
-  EXPECT_EQ(site.Distance(Coord3D(7, 7, 1)), 5);
-}
-
 TEST(Extent, DistanceToAPointIsThatToTheNearestFaceEdgeOrCorner) {
   const Extent box(0, 0, 0, 4, 6, 8);
   EXPECT_EQ(box.Distance(Coord3D(2, 2, 2)), 0);

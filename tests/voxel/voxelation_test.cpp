@@ -43,14 +43,6 @@ IDs All(const Voxelation& grid) {
   return ids;
 }
 
-TEST(Voxelation, DocumentedExample) {
-  Voxelation index(Coord3D(0, 0, 0), Coord3D(10, 10, 10), 10, 10, 10);
-  index.AddPoint(Coord3D(2.5, 2.5, 2.5), 7);
-  IDs candidates;
-  EXPECT_TRUE(index.CollectIDsNear(candidates, Coord3D(3.5, 2.5, 2.5), 1, 1, 1));
-  EXPECT_EQ(candidates, IDs{7});
-}
-
 TEST(Voxelation, LocatesAndClampsEveryCoordinate) {
   const Voxelation grid = TenCubed();
   const std::pair<double, int> expected[] = {

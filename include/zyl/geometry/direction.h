@@ -16,8 +16,10 @@ namespace zyl::geometry {
 /// Direction vector. Only Normalize brings it to unit length; constructors and operators keep the
 /// length they are given.
 ///
-///     Direction dip(Coord3D(1, 1, 1), Coord3D(1, 1, 5));  // (0, 0, 4): the second minus the first
-///     dip.Normalize();                                    // (0, 0, 1)
+///     Direction dip(Coord3D(1, 1, 1), Coord3D(1, 1, 5));
+///     dip;  // (0, 0, 4): the second minus the first
+///     dip.Normalize();
+///     dip;  // (0, 0, 1)
 struct ZYL_GEOMETRY_API Direction {
   double x = 0.0;  ///< East.
   double y = 0.0;  ///< North.

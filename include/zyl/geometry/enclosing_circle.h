@@ -34,7 +34,7 @@ class ZYL_GEOMETRY_API EncCircle {
 /// The cost is a few passes over the points.
 ///
 ///     const std::vector<Point3D> holes = {{0, 0, 0}, {4, 0, 0}, {2, 1, 9}};
-///     SmallestEnclosingCircle(holes);  // centre (2, 0), radius 2
+///     SmallestEnclosingCircle(holes).radius;  // 2: about the point (2, 0)
 ZYL_GEOMETRY_API EncCircle SmallestEnclosingCircle(const std::vector<Point3D>& points);
 /// The same of the stored points.
 ZYL_GEOMETRY_API EncCircle SmallestEnclosingCircle(const Polyline3D& polyline);

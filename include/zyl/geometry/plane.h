@@ -23,8 +23,9 @@ struct Triangle;
 /// Degenerate: a zero normal, as of collinear points, stays zero, and Distance then gives d. Angles
 /// are radians.
 ///
-///     const Plane roof(Coord3D(0, 0, 5), Coord3D(4, 0, 5), Coord3D(0, 3, 5));  // (0, 0, 1, -5)
-///     roof.Distance(Coord3D(1, 1, 7), false);                                  // 2: above it
+///     const Plane roof(Coord3D(0, 0, 5), Coord3D(4, 0, 5), Coord3D(0, 3, 5));
+///     roof.Normal();                           // (0, 0, 1)
+///     roof.Distance(Coord3D(1, 1, 7), false);  // 2: above it
 class ZYL_GEOMETRY_API Plane {
  public:
   double a = 0.0;  ///< Normal, x.

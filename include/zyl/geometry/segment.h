@@ -23,7 +23,8 @@ namespace zyl::geometry {
 ///
 ///     Segment pipe(Coord3D(0, 0, 0), Coord3D(10, 0, 0));
 ///     double distance;
-///     pipe.GetNearestPoint(Coord3D(12, 1, 0), distance);  // (10, 0, 0) at a distance of sqrt(5)
+///     pipe.GetNearestPoint(Coord3D(13, 4, 0), distance);  // (10, 0, 0)
+///     distance;                                           // 5
 struct ZYL_GEOMETRY_API Segment {
   Coord3D start;  ///< Distances along the segment are counted from here.
   Coord3D end;    ///< May equal `start`.

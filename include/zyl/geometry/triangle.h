@@ -23,7 +23,8 @@ struct Segment;
 ///
 ///     Triangle face{Point3D(0, 0, 0), Point3D(4, 0, 0), Point3D(0, 4, 0)};
 ///     double distance;
-///     face.GetNearestPoint(Coord3D(5, -1, 0), distance);  // (4, 0, 0) at a distance of sqrt(2)
+///     face.GetNearestPoint(Coord3D(7, -4, 0), distance);  // (4, 0, 0)
+///     distance;                                           // 5
 struct ZYL_GEOMETRY_API Triangle {
   Point3D p0;  ///< The edges are p0→p1,
   Point3D p1;  ///< p1→p2
