@@ -9,29 +9,35 @@ tri_Scan::tri_Scan(const int* neighbours, int triangleCount)
     : neighbours_(neighbours),
       visited_(std::make_unique<bool[]>(static_cast<std::size_t>(triangleCount))) {}
 
-// The stack is the path from the start to the triangle just entered, each with the edge to try
-// next.
+// The stack is the path from the start to the triangle last entered: with which edge to go on in
+// each triangle on it.
 void tri_Scan::Run(int start) {
-  struct Step {
-    int triangle;
-    int edge;
-  };
-  std::vector<Step> path;
-  if (Enter(start)) {
-    Seed(start);
-    path.push_back({start, 0});
+  if (!Enter(start)) {
+    return;
   }
-  while (!path.empty()) {
-    const auto [t, k] = path.back();
-    if (k == 3) {
+  Seed(start);
+  struct Edge {
+    int triangle;
+    int k;
+  };
+  std::vector<Edge> path;
+  Edge next{start, 0};
+  for (;;) {
+    if (next.k == 3) {
+      if (path.empty()) {
+        return;
+      }
+      next = path.back();
       path.pop_back();
       continue;
     }
-    ++path.back().edge;
+    const auto [t, k] = next;
+    ++next.k;
     const int neighbour = neighbours_[3 * t + k] - 1;
     if (MayCross(t, k) && neighbour >= 0 && Enter(neighbour)) {
       Propagate(t, k, neighbour);
-      path.push_back({neighbour, 0});
+      path.push_back(next);
+      next = {neighbour, 0};
     }
   }
 }
