@@ -69,25 +69,18 @@ TArray* TArray::Create(int elementSize, int step) {
   return new (memory) TArray{0, 0, elementSize, step, nullptr};
 }
 
-void* TArray::Reserve(int k) {
+void TArray::Grow(int k) {
   const std::int64_t wanted = std::int64_t{count} + k;
-  if (wanted > capacity) {
-    const std::int64_t rounded = (wanted - 1 + step) / step * step;
-    const bool fits = rounded <= INT_MAX && rounded <= PTRDIFF_MAX / elementSize;
-    void* const grown =
-        fits ? std::realloc(data, static_cast<std::size_t>(rounded * elementSize)) : nullptr;
-    if (grown == nullptr) {
-      throw OutOfMemory("tri_Create_Delaunay: out of memory");
-    }
-    data = grown;
-    capacity = static_cast<int>(rounded);
+  const std::int64_t rounded = (wanted - 1 + step) / step * step;
+  const bool fits = rounded <= INT_MAX && rounded <= PTRDIFF_MAX / elementSize;
+  void* const grown =
+      fits ? std::realloc(data, static_cast<std::size_t>(rounded * elementSize)) : nullptr;
+  if (grown == nullptr) {
+    throw OutOfMemory("tri_Create_Delaunay: out of memory");
   }
-  void* const added = static_cast<char*>(data) + static_cast<std::ptrdiff_t>(count) * elementSize;
-  count = static_cast<int>(wanted);
-  return added;
+  data = grown;
+  capacity = static_cast<int>(rounded);
 }
-
-void TArray::Drop(int k) { count = k < count ? count - k : 0; }
 
 void* TArray::Take(int* takenCount) {
   void* const taken = data;
@@ -146,17 +139,18 @@ TIndex* tri_New_TIndex(TrimakeState& state) {
 TInfoHunk* tri_Create_TInfo_Hunk() {
   InfoBlock* const block = NewBlock<InfoBlock>("tri_Create_TInfo_Hunk: out of memory");
   block->header = {block->records, nullptr, 0};
-  for (int i = 0; i < kInfosPerHunk; ++i) {
-    block->indexes[i].next = nullptr;
-    block->records[i] = {1, &block->indexes[i]};
-  }
   return &block->header;
 }
 
+// A record is made ready when it is handed out: most builds need only a few of a hunk.
 TInfo* tri_New_TInfo(TrimakeState& state) {
   TInfoHunk* const hunk =
       HunkWithRoom(state.firstInfoHunk, state.infoHunk, kInfosPerHunk, tri_Create_TInfo_Hunk);
-  return &hunk->records[hunk->used++];
+  InfoBlock* const block = reinterpret_cast<InfoBlock*>(hunk);
+  const int slot = hunk->used++;
+  block->indexes[slot].next = nullptr;
+  block->records[slot] = {1, &block->indexes[slot]};
+  return &block->records[slot];
 }
 
 void tri_Free_Vertex_Hunks(TrimakeState& state) {

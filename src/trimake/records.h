@@ -93,14 +93,25 @@ struct TArray {
 
   /// Adds k elements, uninitialised, and returns the first of them. Earlier addresses die if the
   /// capacity grows.
-  void* Reserve(int k);
+  void* Reserve(int k) {
+    if (k > capacity - count) {
+      Grow(k);
+    }
+    void* const added = static_cast<char*>(data) + static_cast<std::ptrdiff_t>(count) * elementSize;
+    count += k;
+    return added;
+  }
 
   /// Takes the last k elements away, at most all. Keeps the block.
-  void Drop(int k);
+  void Drop(int k) { count = k < count ? count - k : 0; }
 
   /// Hands the data block over to the caller (free), and the count if asked for; the record is
   /// left without data and is still the caller's to free.
   void* Take(int* takenCount);
+
+ private:
+  // Makes room for k more elements.
+  void Grow(int k);
 };
 
 /// Block of created vertices with their coordinates and six half-edges for each.
