@@ -35,8 +35,9 @@ struct ZYL_GEOMETRY_API Ellipsoid {
   Ellipsoid() = default;
 
   /// A major radius below 1e-6 is raised to that, with a line on the standard error stream. Within
-  /// `matrix`, though not in `ratios`, the other two count as no less than 1e-6 of it. Turned by
-  /// zero, the semi-major axis is horizontal, to the left of the major one. NaN spreads.
+  /// `matrix`, though not in `ratios`, the other two count as 1e-6 of it if they are less, or if
+  /// the ratio is NaN. A NaN angle leaves `matrix` NaN. Turned by zero, the semi-major axis is
+  /// horizontal, to the left of the major one.
   Ellipsoid(const Coord3D& radii_, const Coord3D& angles_);
 };
 

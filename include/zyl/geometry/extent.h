@@ -46,7 +46,7 @@ struct Bounds3D {
 ///
 /// There is no empty box and nothing keeps min ≤ max: a box is the six numbers it holds, and every
 /// query says how it compares them. A box that is inverted on an axis, or has a NaN there, contains
-/// nothing.
+/// nothing; to Hit, IsOverlapping and the distance to a point, a NaN is no limit.
 ///
 ///     const Extent site(Coord3D(0, 0, 0), Coord3D(4, 3, 2));
 ///     site.IsInside(Coord3D(4, 1, 1));  // true: the boundary belongs to it
@@ -76,8 +76,7 @@ struct ZYL_GEOMETRY_API Extent {
   /// Extent2D asks for both of its sides.
   bool IsValid() const;
 
-  /// Whether the closed boxes have a point in common: touching counts. An axis with a NaN does not
-  /// keep them apart; nor does it in IsOverlapping.
+  /// Whether the closed boxes have a point in common: touching counts.
   bool Hit(const Extent& o) const;
   /// Whether the interiors overlap: touching does not count.
   bool IsOverlapping(const Extent& o) const;
@@ -89,7 +88,8 @@ struct ZYL_GEOMETRY_API Extent {
   /// whether this lies in the argument, for a point whether the argument lies in this.
   bool IsInside(const Coord3D& p) const;
   /// Common part of the two boxes. Returns false and makes `out` all zero unless it has a positive
-  /// length on every axis. `out` may be one of the two boxes.
+  /// length on every axis. A NaN in `o` gives false, one in this box is no limit. `out` may be one
+  /// of the two boxes.
   bool GetIntersection(const Extent& o, Extent& out) const;
 
   /// Lengths along x, y and z, negative where the box is inverted.
@@ -99,7 +99,7 @@ struct ZYL_GEOMETRY_API Extent {
   /// Product of the sides: negative if one or all three are inverted.
   double GetVolume() const { return (max.y - min.y) * (max.x - min.x) * (max.z - min.z); }
 
-  /// Distance from p to the nearest point of the box; 0 if p is inside or on it.
+  /// Distance from p to the nearest point of the box; 0 if p is inside or on it, NaN if p has one.
   double Distance(const Coord3D& p) const;
   /// Smallest of the distances from the segment to the twelve edges of the box and from the box to
   /// the two ends.

@@ -122,7 +122,7 @@ ZYL_GEOMETRY_API zyl::geometry::Orientation_e geom_InSphere(const zyl::geometry:
 /// INTERSECT2D_UNDEFINED is possible only by rounding: for edges that do cross but whose
 /// differences of coordinates, or the products of those, round to parallel directions. Edges
 /// without length give INTERSECT2D_NONE, and so do NaN coordinates unless the other end of that
-/// edge lies on the other edge.
+/// edge is also an end of the other edge.
 ZYL_GEOMETRY_API zyl::geometry::Intersection2D_e geom_EdgeIntersectEdge2D(
     const zyl::geometry::Coord3D& a, const zyl::geometry::Coord3D& b,
     const zyl::geometry::Coord3D& c, const zyl::geometry::Coord3D& d,
@@ -158,8 +158,8 @@ ZYL_GEOMETRY_API zyl::geometry::Orientation_e geom_PointInside3Points(
 /// coordinates give a hit at NaN.
 ///
 /// `out.parameter` is in units of the length of the direction, negative for a plane behind the
-/// origin. -1 if the direction is parallel to the plane: then the parameter is -1 and the point
-/// stays as it was.
+/// origin. -1 if the direction is parallel to the plane, or it or the normal is zero: then the
+/// parameter is -1 and the point stays as it was.
 ZYL_GEOMETRY_API int geom_RayHitPlane(const zyl::geometry::Ray& ray,
                                       const zyl::geometry::Plane& plane,
                                       zyl::geometry::Intersection& out);
@@ -180,8 +180,8 @@ ZYL_GEOMETRY_API int geom_RayHitPlane(const zyl::geometry::Ray& ray,
 /// NaN coordinates give a hit at NaN.
 ///
 /// `out.parameter` is the distance from the start of the segment. -1 if it does not reach the
-/// plane, is parallel to it or has no length: then the parameter is -1 and the point stays as it
-/// was.
+/// plane, is parallel to it or has no length, or the normal is zero: then the parameter is -1 and
+/// the point stays as it was.
 ZYL_GEOMETRY_API int geom_SegmentHitPlane(const zyl::geometry::Segment& segment,
                                           const zyl::geometry::Plane& plane,
                                           zyl::geometry::Intersection& out);

@@ -73,15 +73,16 @@ class ZYL_GEOMETRY_API Plane {
 
   /// Common line of two planes: its direction is this normal × that of `other`, of unit length, and
   /// the point is the one nearest the origin. Returns false and writes neither if the cross product
-  /// is shorter than 1e-5, which for unit normals is the angle between them in radians.
+  /// is shorter than 1e-5, which for unit normals is the angle between them in radians. NaN fields
+  /// give true, and NaN.
   bool Intersect(const Plane& other, Direction& direction, Point3D& point) const;
 
   /// The rotation that turns the normal onto +Z, and its inverse; two identity matrices for a zero
   /// normal.
   void GetZUpTransform(Matrix4& toZUp, Matrix4& fromZUp) const;
 
-  /// Scales all four fields to a unit normal. Returns 0, or -1 and changes nothing if the normal is
-  /// zero, so short that its square is, or NaN.
+  /// Scales all four fields to a unit normal. Returns 0, or -1 and changes nothing if the square of
+  /// its length is 0 or NaN. Where that overflows, the normal becomes zero or NaN.
   int Normalize();
 
   /// Moves the plane by `distance` along its normal, which is taken to be of unit length.

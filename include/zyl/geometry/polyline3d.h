@@ -118,13 +118,14 @@ class ZYL_GEOMETRY_API Polyline3D {
   /// Whether the polyline runs clockwise, seen against the polygon normal. False if it is empty,
   /// and if memory runs out.
   bool IsClockwise() const;
-  /// Whether `p` lies on an edge, the closing edge of a closed polyline included.
+  /// Whether `p` lies on an edge, the closing edge of a closed polyline included: in the box around
+  /// the edge, widened by `tolerance` on every side, and near enough to its line.
   ///
-  /// In space `tolerance` is a distance. An edge without length holds nothing; otherwise what is
-  /// not shown to be off an edge is on it, a point with NaN coordinates included. In x-y
-  /// `tolerance` is compared with |edge × (p − edge start)|, which is the distance times the length
-  /// of the edge, and has to be greater than it: with 0 nothing is on an edge. A negative tolerance
-  /// stands for 0.01 in x-y.
+  /// In space that is a distance of `tolerance` or less. An edge without length holds nothing;
+  /// otherwise what is not shown to be off an edge is on it, a point with NaN coordinates included.
+  /// In x-y |edge × (p − edge start)|, the distance times the length of the edge, has to be less
+  /// than `tolerance`: with 0 nothing is on an edge, and one without length holds its whole widened
+  /// box. A negative tolerance stands for 0.01 in x-y.
   bool IsPointOnEdge(const Point3D& p, bool inXY, double tolerance) const;
 
   /// Appends (x, y, z). The closed flag is not set, even if the point repeats the first.

@@ -64,7 +64,8 @@ struct ZYL_GEOMETRY_API Segment {
   /// The thresholds are absolute and suit lengths of about a metre. With u and v the vectors from
   /// start to end, the segments count as parallel where |u|²·|v|² − (u·v)² is less than 1e-7, and a
   /// fraction whose numerator is less than 1e-7 counts as zero; among segments of millimetres the
-  /// answer may therefore be the start where the end is nearer.
+  /// answer may therefore be the start where the end is nearer. To an `other` without length it is
+  /// always the start: ask for the point nearest to `other.start` instead.
   Coord3D GetNearestPoint(const Segment& other, double& distance);
 
   /// The distance that GetNearestPoint gives.

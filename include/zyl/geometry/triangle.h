@@ -19,7 +19,7 @@ struct Segment;
 /// Queries other than GetExtent are non-const members, though they change nothing. Call geom_Init
 /// before them: whether a point lies within the triangle is decided by geom_PointInside3Points.
 /// Degenerate: a triangle without area is met by no segment; its nearest points are those of its
-/// edges, but a point is held to lie within it if their y and z are those of a vertex.
+/// edges, but a point is held to lie within it if its y and z are those of a vertex.
 ///
 ///     Triangle face{Point3D(0, 0, 0), Point3D(4, 0, 0), Point3D(0, 4, 0)};
 ///     double distance;

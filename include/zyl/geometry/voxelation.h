@@ -93,8 +93,8 @@ class ZYL_GEOMETRY_API Voxelation {
   /// the identifier was there already, and if memory runs out, the identifier stays in the voxels
   /// that it has reached.
   bool AddPoint(const Coord3D& p, int64 id);
-  /// Registers `id` in every voxel from that of e.min to that of e.max, so an inverted extent in
-  /// none. The cost is one step per voxel.
+  /// Registers `id` in every voxel from that of e.min to that of e.max: in none if e.min belongs to
+  /// a later one on any axis. The cost is one step per voxel.
   bool AddExtent(const Extent& e, int64 id);
   /// Registers `id` in every voxel that the bounding box of the triangle touches.
   bool AddTriangle(const Coord3D& a, const Coord3D& b, const Coord3D& c, int64 id);
@@ -109,7 +109,8 @@ class ZYL_GEOMETRY_API Voxelation {
   /// The same for the voxel at `loc`.
   bool CollectIDsAt(std::set<int64>& ids, Location& loc) const;
   /// The same for all voxels that the box centre ± (rx, ry, rz) touches. With a negative half-width
-  /// that box is inverted and may touch none.
+  /// that box is inverted and may touch none. The cost is one step per voxel and
+  /// O(n log n) in the identifiers found there.
   bool CollectIDsNear(std::set<int64>& ids, const Coord3D& centre, double rx, double ry,
                       double rz) const;
   /// The same for the box e, by way of its centre and half of its sides.
