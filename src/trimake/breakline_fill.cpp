@@ -150,7 +150,7 @@ Filler::Filler(TrimakeState& state, int k, const TChainEntry* chain)
   const int count = k / kBlock;
   boxes_ = NewArray<Box>(static_cast<std::size_t>(count), "tri_Create_Delaunay: out of memory");
   for (int i = 0; i < count; ++i) {
-    boxes_.get()[i] = BoxAround(chain + std::ptrdiff_t{kBlock} * i);
+    boxes_[i] = BoxAround(chain + std::ptrdiff_t{kBlock} * i);
   }
 }
 
@@ -162,7 +162,7 @@ void Filler::ForEachLow(int start, int end, const Base& base, const Height& lowe
   int i = start + 1;
   while (i < end) {
     const bool isBlock = boxes_ != nullptr && i % kBlock == 0 && i + kBlock <= end;
-    if (isBlock && base.IsExceededBy(boxes_.get()[i / kBlock], lowest)) {
+    if (isBlock && base.IsExceededBy(boxes_[i / kBlock], lowest)) {
       i += kBlock;
     } else {
       visit(i);
