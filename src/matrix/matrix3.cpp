@@ -45,8 +45,6 @@ void Matrix3::Scale(double s) {
 
 double Matrix3::Cofactor(int r, int c) const { return Adjoint()[c][r]; }
 
-double Matrix3::Det() const { return internal::Expand(m, internal::Minors<3>(m)); }
-
 Matrix3 Matrix3::Adjoint() const {
   return internal::Adjugate<Matrix3>(internal::Minors<3>(m), 1.0);
 }

@@ -77,8 +77,14 @@ class ZYL_GEOMETRY_API Matrix3 : public internal::SquareMatrix<Matrix3, 3> {
 
   /// Determinant of the minor without row r and column c, negated where r + c is odd.
   double Cofactor(int r, int c) const;
-  /// Determinant, expanded along the first column.
-  double Det() const;
+  /// Determinant, expanded along the first column. Rounded: on which side of a plane a point lies
+  /// is decided by geom_Orient3D, and whether there is an inverse by Inverse, which works with the
+  /// library's flags.
+  double Det() const {
+    return m[0][0] * Det2(m[1][1], m[1][2], m[2][1], m[2][2]) -
+           m[1][0] * Det2(m[0][1], m[0][2], m[2][1], m[2][2]) +
+           m[2][0] * Det2(m[0][1], m[0][2], m[1][1], m[1][2]);
+  }
   /// The adjugate: the transpose of the matrix of cofactors.
   Matrix3 Adjoint() const;
   /// Adjoint divided by Det. Throws NonInvertableException if Det is exactly 0; a nearly singular
@@ -86,6 +92,10 @@ class ZYL_GEOMETRY_API Matrix3 : public internal::SquareMatrix<Matrix3, 3> {
   Matrix3 Inverse() const;
   /// Replaces this by its inverse; where that throws, this stays as it was.
   void Invert() { *this = Inverse(); }
+
+ private:
+  // Determinant of the rows (a, b) and (c, d).
+  static double Det2(double a, double b, double c, double d) { return a * d - b * c; }
 };
 
 /// @}

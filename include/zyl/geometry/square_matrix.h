@@ -71,9 +71,10 @@ struct SquareMatrix {
 
   /// Applied to a vector, the product acts as b first and then as this.
   Matrix operator*(const Matrix& b) const {
-    Matrix product;
+    // For all a compiler knows the caller's result overlaps an operand; this array does not.
+    double product[N * N];
     Multiply(product, b);
-    return product;
+    return Matrix(product);
   }
   /// Becomes this·b, not b·this. b may be this.
   Matrix& operator*=(const Matrix& b) { return Self() = *this * b; }
