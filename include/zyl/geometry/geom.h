@@ -5,10 +5,10 @@
 /// in-circle and in-sphere; and the intersection and containment tests built on them.
 ///
 /// Call geom_Init once before the first of them. Until then signs are those of the determinants in
-/// plain doubles, and nothing reports it. Signs are exact for coordinates that are 0 or of a
-/// magnitude from 2^-142 to 2^201; beyond, products may overflow or vanish, and the answer is one
-/// of those listed, though not always the right one. All functions are pure: any number of threads
-/// may call them at once, also while one calls geom_Init for the first time.
+/// plain doubles, or any where these are 0, and nothing reports it. Signs are exact for coordinates
+/// that are 0 or of a magnitude from 2^-142 to 2^201; beyond, products may overflow or vanish, and
+/// the answer is one of those listed, though not always the right one. All functions are pure: any
+/// number of threads may call them at once, also while one calls geom_Init for the first time.
 
 #include "zyl/geometry/coord.h"
 #include "zyl/geometry/export.h"
