@@ -75,11 +75,16 @@ class PlainGrid {
     for (int k = Index(centre.z - rz); k <= Index(centre.z + rz); ++k) {
       for (int j = Index(centre.y - ry); j <= Index(centre.y + ry); ++j) {
         for (int i = Index(centre.x - rx); i <= Index(centre.x + rx); ++i) {
-          if (voxels_[k][j][i] != nullptr) {
-            ids.insert(voxels_[k][j][i]->begin(), voxels_[k][j][i]->end());
-          }
+          CollectIDsAt(ids, i, j, k);
         }
       }
+    }
+    return !ids.empty();
+  }
+
+  bool CollectIDsAt(std::set<std::int64_t>& ids, int i, int j, int k) const {
+    if (voxels_[k][j][i] != nullptr) {
+      ids.insert(voxels_[k][j][i]->begin(), voxels_[k][j][i]->end());
     }
     return !ids.empty();
   }
@@ -149,8 +154,9 @@ void AddExtent(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * kBoxes);
 }
 
-template <class Grid>
-void CollectIDsNear(benchmark::State& state) {
+// Asks at points anywhere in the grid.
+template <class Grid, class Query>
+void Ask(benchmark::State& state, Query query) {
   Grid grid;
   Fill(Boxes(static_cast<double>(state.range(0)) / 10), grid);
   std::mt19937_64 random(2);
@@ -158,13 +164,26 @@ void CollectIDsNear(benchmark::State& state) {
   std::size_t found = 0;
   for (auto _ : state) {
     std::set<std::int64_t> ids;
-    const Coord3D centre(coordinate(random), coordinate(random), coordinate(random));
-    grid.CollectIDsNear(ids, centre, 1.5, 1.5, 1.5);
+    query(grid, ids, Coord3D(coordinate(random), coordinate(random), coordinate(random)));
     found += ids.size();
     benchmark::DoNotOptimize(ids);
   }
   state.counters["ids/query"] =
       static_cast<double>(found) / static_cast<double>(state.iterations());
+}
+
+template <class Grid>
+void CollectIDsNear(benchmark::State& state) {
+  Ask<Grid>(state, [](const Grid& grid, std::set<std::int64_t>& ids, const Coord3D& centre) {
+    grid.CollectIDsNear(ids, centre, 1.5, 1.5, 1.5);
+  });
+}
+
+template <class Grid>
+void CollectIDsAt(benchmark::State& state) {
+  Ask<Grid>(state, [](const Grid& grid, std::set<std::int64_t>& ids, const Coord3D& p) {
+    grid.CollectIDsAt(ids, static_cast<int>(p.x), static_cast<int>(p.y), static_cast<int>(p.z));
+  });
 }
 
 void Sides(benchmark::internal::Benchmark* benchmark) {
@@ -175,5 +194,7 @@ BENCHMARK_TEMPLATE(AddExtent, PlainGrid)->Apply(Sides);
 BENCHMARK_TEMPLATE(AddExtent, IndexedGrid)->Apply(Sides);
 BENCHMARK_TEMPLATE(CollectIDsNear, PlainGrid)->Apply(Sides);
 BENCHMARK_TEMPLATE(CollectIDsNear, IndexedGrid)->Apply(Sides);
+BENCHMARK_TEMPLATE(CollectIDsAt, PlainGrid)->Apply(Sides);
+BENCHMARK_TEMPLATE(CollectIDsAt, IndexedGrid)->Apply(Sides);
 
 }  // namespace
