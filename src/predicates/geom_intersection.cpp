@@ -60,17 +60,6 @@ Intersection2D_e MeetAt(const Coord3D& p, Intersection2D_e how, Intersection& ou
   return how;
 }
 
-// One end p of the first edge lies on the second, and c, d may lie on the first. An end of the
-// second that is on the first but elsewhere makes a common stretch.
-Intersection2D_e MeetAtEndOfFirst(const Coord3D& p, bool cOn, const Coord3D& c, bool dOn,
-                                  const Coord3D& d, Intersection2D_e shared, Intersection2D_e alone,
-                                  Intersection& out) {
-  if ((cOn && !SameXY(c, p)) || (dOn && !SameXY(d, p))) {
-    return INTERSECT2D_OVERLAP;
-  }
-  return MeetAt(p, cOn || dOn ? shared : alone, out);
-}
-
 // Number of the coordinate along which the normal is longest, if it is longer there than along
 // both others; -1 where there is a tie or z wins.
 int LongestOfXY(const Plane& plane) {
@@ -161,13 +150,19 @@ Intersection2D_e geom_EdgeIntersectEdge2D(const Coord3D& a, const Coord3D& b, co
   if (cOn && dOn) {
     return INTERSECT2D_SECOND_ON_FIRST;
   }
+  // An end of the second edge that is on the first but elsewhere makes a common stretch.
+  const auto meetAtEndOfFirst = [&](const Coord3D& p, Intersection2D_e shared,
+                                    Intersection2D_e alone) {
+    if ((cOn && !SameXY(c, p)) || (dOn && !SameXY(d, p))) {
+      return INTERSECT2D_OVERLAP;
+    }
+    return MeetAt(p, cOn || dOn ? shared : alone, out);
+  };
   if (aOn) {
-    return MeetAtEndOfFirst(a, cOn, c, dOn, d, INTERSECT2D_SHARED_FIRST_START,
-                            INTERSECT2D_FIRST_START, out);
+    return meetAtEndOfFirst(a, INTERSECT2D_SHARED_FIRST_START, INTERSECT2D_FIRST_START);
   }
   if (bOn) {
-    return MeetAtEndOfFirst(b, cOn, c, dOn, d, INTERSECT2D_SHARED_FIRST_END, INTERSECT2D_FIRST_END,
-                            out);
+    return meetAtEndOfFirst(b, INTERSECT2D_SHARED_FIRST_END, INTERSECT2D_FIRST_END);
   }
   if (cOn) {
     return MeetAt(c, INTERSECT2D_SECOND_START, out);
