@@ -61,4 +61,18 @@ MallocArray<T> NewZeroedArray(std::size_t count, const char* message) {
   return MallocArray<T>(static_cast<T*>(memory));
 }
 
+/// Changes the number of records, which may move them. Throws OutOfMemory with `message`, and then
+/// leaves the array as it was.
+template <class T>
+void Resize(MallocArray<T>& array, std::size_t count, const char* message) {
+  constexpr std::size_t kMost = PTRDIFF_MAX / sizeof(T);
+  const std::size_t size = (count + (count == 0)) * sizeof(T);
+  void* const resized = count <= kMost ? std::realloc(array.get(), size) : nullptr;
+  if (resized == nullptr) {
+    throw OutOfMemory(message);
+  }
+  static_cast<void>(array.release());
+  array.reset(static_cast<T*>(resized));
+}
+
 }  // namespace zyl::geometry::internal

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <utility>
 
 #include "predicates/predicates.h"
 #include "trimake/adjacency.h"
@@ -86,14 +87,14 @@ class Build {
  private:
   void MakeVertices(const TSortedPoint* sorted, int count);
   void InsertBreaklines(const int* indexMap);
+  void ReleaseEdges();
 
   TrimakeState& state_;
   const int n_;
   const TPoint* const points_;
   double scale_ = 1;
   MallocArray<TPoint> scaled_;
-  MallocArray<InitialBlock> block_;
-  TVertex* verts_ = nullptr;
+  MallocArray<TVertex> verts_;  // and behind them, while they are needed, the half-edges
   int count_ = 0;
 };
 
@@ -109,13 +110,13 @@ Build::~Build() {
 
 void Build::MakeVertices(const TSortedPoint* sorted, int count) {
   count_ = count;
-  block_ = NewArray<InitialBlock>(static_cast<std::size_t>(count), kOutOfMemory);
-  verts_ = reinterpret_cast<TVertex*>(block_.get());
+  verts_.reset(reinterpret_cast<TVertex*>(
+      NewArray<InitialBlock>(static_cast<std::size_t>(count), kOutOfMemory).release()));
   for (int k = 0; k < count; ++k) {
     const TSortedPoint& p = sorted[k];
     verts_[k] = {{p.x * scale_, p.y * scale_}, &state_.points[p.index], nullptr, k, p.index};
   }
-  state_.unusedEdges = reinterpret_cast<TEdge*>(verts_ + count);
+  state_.unusedEdges = reinterpret_cast<TEdge*>(verts_.get() + count);
   state_.unusedEnd = state_.unusedEdges + static_cast<std::ptrdiff_t>(count) * kEdgesPerVertex;
   state_.pointCount = n_;
   state_.vertexCount = count;
@@ -126,7 +127,16 @@ void Build::InsertBreaklines(const int* indexMap) {
   for (int k = 0; k < count_; ++k) {
     inverseMap[verts_[k].source] = k;
   }
-  tri_Insert_Breaklines(state_, n_, inverseMap.get(), indexMap, verts_);
+  tri_Insert_Breaklines(state_, n_, inverseMap.get(), indexMap, verts_.get());
+}
+
+// Half-edges are most of the memory of a build. The edge information, the largest output, takes
+// their place instead of more.
+void Build::ReleaseEdges() {
+  state_.freeEdges = nullptr;
+  state_.unusedEdges = nullptr;
+  state_.unusedEnd = nullptr;
+  Resize(verts_, static_cast<std::size_t>(count_), kOutOfMemory);
 }
 
 int Build::Run(const Survey& survey, int* outTriangleCount) {
@@ -150,14 +160,19 @@ int Build::Run(const Survey& survey, int* outTriangleCount) {
 
   state_.retryDepth = 0;
   state_.extendedFallback = true;
-  if (tri_Divide_Conquer(state_, count_, verts_) < 0) {
+  if (tri_Divide_Conquer(state_, count_, verts_.get()) < 0) {
     return kNotTriangulated;
   }
   if (survey.hasBreaklines) {
     InsertBreaklines(indexMap.get());
   }
   if (outTriangleCount != nullptr && state_.outTriangles != nullptr) {
-    tri_Extract(state_, {verts_, count_, points_, n_, 1 / scale_}, outTriangleCount);
+    TTriangles triangles = tri_Collect_Triangles(state_, verts_.get(), count_);
+    if (state_.outEdgeInfo != nullptr) {
+      ReleaseEdges();
+    }
+    tri_Extract(state_, {verts_.get(), count_, points_, n_, 1 / scale_}, std::move(triangles),
+                outTriangleCount);
   }
   return kTriangulated;
 }

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "trimake/allocation.h"
 #include "trimake/orientation.h"
 
 namespace zyl::geometry::internal {
@@ -17,17 +16,11 @@ struct TCorner {
   int number;
 };
 
-struct Triangles {
-  MallocArray<int> corners;
-  std::size_t count;
-  std::uint64_t references;  // breakline segments along their edges, edge by edge
-};
-
 // Every vertex in the order of its number.
 template <class Visit>
-void ForEachVertex(const TrimakeState& state, const TResult& result, Visit visit) {
-  for (int i = 0; i < result.count; ++i) {
-    visit(result.verts[i]);
+void ForEachVertex(const TrimakeState& state, const TVertex* verts, int count, Visit visit) {
+  for (int i = 0; i < count; ++i) {
+    visit(verts[i]);
   }
   for (const TVertexHunk* hunk = state.firstVertexHunk; hunk != nullptr; hunk = hunk->next) {
     for (int i = 0; i < hunk->used; ++i) {
@@ -40,9 +33,8 @@ void ForEachVertex(const TrimakeState& state, const TResult& result, Visit visit
 // would cost a cache miss at nearly every step around a ring.
 class Numbers {
  public:
-  explicit Numbers(const TResult& result)
-      : begin_(AddressOf(result.verts)),
-        size_(static_cast<std::uintptr_t>(result.count) * sizeof(TVertex)) {}
+  Numbers(const TVertex* verts, int count)
+      : begin_(AddressOf(verts)), size_(static_cast<std::uintptr_t>(count) * sizeof(TVertex)) {}
 
   int Of(const TVertex* v) const {
     const std::uintptr_t offset = AddressOf(v) - begin_;
@@ -101,95 +93,94 @@ constexpr int kFarthestAhead = 20;
   }
 }
 
-// All triangles, in the order of their lowest-numbered corners v.
-template <class Visit>
-void ForEachTriangle(const TrimakeState& state, const TResult& result, Visit visit) {
-  const Numbers numbers(result);
-  const int fetchUntil = result.count - kFarthestAhead;
-  ForEachVertex(state, result, [&](const TVertex& v) {
-    if (v.number < fetchUntil) {
-      FetchRingsAhead(&v);
-    }
-    ForEachTriangleAt(v, numbers, [&](const TCorner& e, const TCorner& f) { visit(v, e, f); });
-  });
-}
-
-// Half-edge from f.dest to e.dest seen from e.dest: the third edge of the triangle (e, f).
-const TEdge* Opposite(const TEdge* e) { return e->twin->prev; }
-
-std::uint64_t References(const TEdge* e) {
-  return e->info != nullptr ? static_cast<std::uint64_t>(e->info->count) : 0;
-}
-
-// Of the pairs at a vertex at most as many are triangles as half-edges rise from it, so that all
-// triangles together are no more than the edges, and those no more than half the supply.
-std::size_t MostTriangles(const TrimakeState& state, const TResult& result) {
-  std::size_t slots = static_cast<std::size_t>(result.count);
-  for (const TVertexHunk* hunk = state.firstVertexHunk; hunk != nullptr; hunk = hunk->next) {
-    slots += kVerticesPerHunk;
-  }
-  return slots * (kEdgesPerVertex / 2);
-}
-
-Triangles CollectTriangles(const TrimakeState& state, const TResult& result) {
-  Triangles list{NewArray<int>(3 * MostTriangles(state, result), kOutOfMemory), 0, 0};
-  const bool hasBreaklines = state.firstInfoHunk != nullptr;
-  int* corner = list.corners.get();
-  ForEachTriangle(state, result, [&](const TVertex& v, const TCorner& e, const TCorner& f) {
-    corner[0] = v.number + 1;
-    corner[1] = f.number + 1;
-    corner[2] = e.number + 1;
-    corner += 3;
-    if (hasBreaklines) {
-      list.references += References(e.edge) + References(f.edge) + References(Opposite(e.edge));
-    }
-  });
-  list.count = static_cast<std::size_t>(corner - list.corners.get()) / 3;
-  return list;
-}
-
-// Gives the unused end of the array back; should that fail, the caller gets it as it is.
-int* Shrink(MallocArray<int> corners, std::size_t count) {
-  void* const shrunk = std::realloc(corners.get(), count * sizeof(int));
-  if (shrunk == nullptr) {
-    return corners.release();
-  }
-  static_cast<void>(corners.release());
-  return static_cast<int*>(shrunk);
-}
-
-// Writes the pair of one triangle edge and copies its list behind the copies made so far.
-void CopyList(const TEdge* e, TEdgeInfo*& pair, TIndex*& copies) {
-  *pair = {0, nullptr};
-  if (e->info != nullptr) {
-    *pair = {e->info->count, copies};
-    for (const TIndex* index = e->info->head; index != nullptr; index = index->next) {
-      TIndex* const copy = copies++;
-      *copy = {index->next != nullptr ? copies : nullptr, index->from, index->to};
+// The triangles as they are found. Two a vertex are more than there are unless some overlap.
+class Collector {
+ public:
+  Collector(int vertices, bool hasBreaklines)
+      : room_(2 * static_cast<std::size_t>(vertices)), hasBreaklines_(hasBreaklines) {
+    found_.corners = NewArray<int>(3 * room_, kOutOfMemory);
+    if (hasBreaklines_) {
+      found_.infos = NewArray<const TInfo*>(3 * room_, kOutOfMemory);
     }
   }
-  ++pair;
+
+  void Add(const TVertex& v, const TCorner& e, const TCorner& f) {
+    if (found_.count == room_) {
+      DoubleRoom();
+    }
+    int* const corners = found_.corners.get() + 3 * found_.count;
+    corners[0] = v.number + 1;
+    corners[1] = f.number + 1;
+    corners[2] = e.number + 1;
+    if (hasBreaklines_) {
+      const TInfo** const infos = found_.infos.get() + 3 * found_.count;
+      infos[0] = f.edge->info;
+      infos[1] = e.edge->twin->prev->info;
+      infos[2] = e.edge->info;
+    }
+    ++found_.count;
+  }
+
+  TTriangles Take() {
+    Resize(found_.corners, 3 * found_.count, kOutOfMemory);
+    return std::move(found_);
+  }
+
+ private:
+  void DoubleRoom() {
+    room_ *= 2;
+    Resize(found_.corners, 3 * room_, kOutOfMemory);
+    if (hasBreaklines_) {
+      Resize(found_.infos, 3 * room_, kOutOfMemory);
+    }
+  }
+
+  TTriangles found_{nullptr, nullptr, 0};
+  std::size_t room_;
+  bool hasBreaklines_;
+};
+
+// Returns the place behind the copies.
+TIndex* CopyList(const TIndex* index, TIndex* copies) {
+  for (; index != nullptr; index = index->next) {
+    TIndex* const copy = copies++;
+    *copy = {index->next != nullptr ? copies : nullptr, index->from, index->to};
+  }
+  return copies;
+}
+
+std::uint64_t CountReferences(const TTriangles& triangles) {
+  constexpr TInfo kNone{0, nullptr};
+  std::uint64_t references = 0;
+  for (std::size_t i = 0; i < 3 * triangles.count; ++i) {
+    const TInfo* const info = triangles.infos.get()[i];
+    references += static_cast<std::uint64_t>((info != nullptr ? info : &kNone)->count);
+  }
+  return references;
 }
 
 // The pairs of all triangles, and behind them the copied lists, in one allocation.
-MallocArray<char> CollectEdgeInfo(const TrimakeState& state, const TResult& result,
-                                  const Triangles& list) {
-  const std::uint64_t size =
-      3 * std::uint64_t{list.count} * sizeof(TEdgeInfo) + list.references * sizeof(TIndex);
+MallocArray<char> CollectEdgeInfo(const TTriangles& triangles) {
+  const bool hasBreaklines = triangles.infos != nullptr;
+  const std::uint64_t size = 3 * std::uint64_t{triangles.count} * sizeof(TEdgeInfo) +
+                             (hasBreaklines ? CountReferences(triangles) * sizeof(TIndex) : 0);
   if (size > PTRDIFF_MAX) {
     throw OutOfMemory(kOutOfMemory);
   }
-  if (state.firstInfoHunk == nullptr) {
+  if (!hasBreaklines) {
     return NewZeroedArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
   }
   MallocArray<char> buffer = NewArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
-  TEdgeInfo* pair = reinterpret_cast<TEdgeInfo*>(buffer.get());
-  TIndex* copies = reinterpret_cast<TIndex*>(pair + 3 * list.count);
-  ForEachTriangle(state, result, [&](const TVertex&, const TCorner& e, const TCorner& f) {
-    CopyList(f.edge, pair, copies);
-    CopyList(Opposite(e.edge), pair, copies);
-    CopyList(e.edge, pair, copies);
-  });
+  TEdgeInfo* const pairs = reinterpret_cast<TEdgeInfo*>(buffer.get());
+  TIndex* copies = reinterpret_cast<TIndex*>(pairs + 3 * triangles.count);
+  for (std::size_t i = 0; i < 3 * triangles.count; ++i) {
+    const TInfo* const info = triangles.infos.get()[i];
+    pairs[i] = {0, nullptr};
+    if (info != nullptr) {
+      pairs[i] = {info->count, copies};
+      copies = CopyList(info->head, copies);
+    }
+  }
   return buffer;
 }
 
@@ -197,7 +188,7 @@ MallocArray<TPoint> CollectVertices(const TrimakeState& state, const TResult& re
   MallocArray<TPoint> vertices =
       NewArray<TPoint>(static_cast<std::size_t>(state.vertexCount), kOutOfMemory);
   TPoint* out = vertices.get();
-  ForEachVertex(state, result, [&](const TVertex& v) {
+  ForEachVertex(state, result.verts, result.count, [&](const TVertex& v) {
     if (v.number < result.count - kFarthestAhead) {
       __builtin_prefetch(&result.points[(&v)[kFarthestAhead].source]);
     }
@@ -215,20 +206,34 @@ MallocArray<TPoint> CollectVertices(const TrimakeState& state, const TResult& re
 
 }  // namespace
 
-void tri_Extract(const TrimakeState& state, const TResult& result, int* outTriangleCount) {
+TTriangles tri_Collect_Triangles(const TrimakeState& state, const TVertex* verts, int count) {
+  Collector collector(state.vertexCount, state.firstInfoHunk != nullptr);
+  const Numbers numbers(verts, count);
+  const int fetchUntil = count - kFarthestAhead;
+  ForEachVertex(state, verts, count, [&](const TVertex& v) {
+    if (v.number < fetchUntil) {
+      FetchRingsAhead(&v);
+    }
+    ForEachTriangleAt(v, numbers,
+                      [&](const TCorner& e, const TCorner& f) { collector.Add(v, e, f); });
+  });
+  return collector.Take();
+}
+
+void tri_Extract(const TrimakeState& state, const TResult& result, TTriangles triangles,
+                 int* outTriangleCount) {
   MallocArray<TPoint> vertices;
   if (state.outVertices != nullptr) {
     vertices = CollectVertices(state, result);
   }
-  Triangles list = CollectTriangles(state, result);
   MallocArray<char> edgeInfo;
-  if (state.outEdgeInfo != nullptr && list.count > 0) {
-    edgeInfo = CollectEdgeInfo(state, result, list);
+  if (state.outEdgeInfo != nullptr && triangles.count > 0) {
+    edgeInfo = CollectEdgeInfo(triangles);
   }
 
-  *outTriangleCount = static_cast<int>(list.count);
-  if (list.count > 0) {
-    *state.outTriangles = Shrink(std::move(list.corners), 3 * list.count);
+  *outTriangleCount = static_cast<int>(triangles.count);
+  if (triangles.count > 0) {
+    *state.outTriangles = triangles.corners.release();
   }
   if (state.outVertexCount != nullptr) {
     *state.outVertexCount = state.vertexCount;

@@ -14,6 +14,7 @@
 #include "support/hand_made.h"
 #include "support/mesh_checker.h"
 #include "trimake/divide_conquer.h"
+#include "trimake/extraction.h"
 
 namespace {
 
@@ -260,6 +261,28 @@ TEST_F(Runs, AShortSupplyFailsWithinTheRetryBudget) {
   EXPECT_EQ(state_.retryDepth, 26);
   state_.retryDepth = 25;
   EXPECT_EQ(tri_Retry_Rotated(state_, 60, V(0)), 0);
+}
+
+// Rings that no plane holds: every vertex is joined to all others, in the order of their numbers.
+// Neighbours in a ring are a triangle at the lowest of the three, and make more than two a vertex.
+TEST_F(Runs, TrianglesThatOverlapAreAllCollected) {
+  constexpr int kCount = 7;
+  Place(Generate(kCount, [](int i) { return At(i, i * i); }), kCount * (kCount - 1));
+  Corners expected;
+  for (int a = 0; a < kCount; ++a) {
+    for (int b = a + 1; b < kCount; ++b) {
+      Join(static_cast<std::size_t>(a), static_cast<std::size_t>(b));
+      if (b + 1 < kCount) {
+        expected.push_back({a + 1, b + 2, b + 1});
+      }
+    }
+  }
+  const TTriangles found = tri_Collect_Triangles(state_, V(0), kCount);
+  ASSERT_GT(expected.size(), std::size_t{2 * kCount});
+  ASSERT_EQ(found.count, expected.size());
+  for (std::size_t t = 0; t < found.count; ++t) {
+    EXPECT_TRUE(std::equal(expected[t].begin(), expected[t].end(), &found.corners.get()[3 * t]));
+  }
 }
 
 // A NaN makes every test fail: the answer may be anything, but there has to be one.
