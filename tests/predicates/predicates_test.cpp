@@ -192,11 +192,11 @@ TEST(Predicates, ReturnTheDeterminantFromTheExactStageToo) {
   EXPECT_EQ(orient3d(p, q, above, off), 2 * t);
 }
 
-mpz_class ExactDifference(double p, double q) { return mpz_class(p) - mpz_class(q); }
+mpq_class ExactDifference(double p, double q) { return mpq_class(p) - mpq_class(q); }
 
 // The lifted determinant of integer points relative to the last of Dim + 2.
 template <std::size_t Dim>
-mpz_class BallDeterminant(const Points& p) {
+mpq_class BallDeterminant(const Points& p) {
   std::array<exact::Row<Dim + 1>, Dim + 1> rows;
   for (std::size_t k = 0; k < Dim + 1; ++k) {
     for (std::size_t i = 0; i < Dim; ++i) {
@@ -207,8 +207,8 @@ mpz_class BallDeterminant(const Points& p) {
   return exact::Determinant<Dim + 1>(rows);
 }
 
-bool IsRoundedOnce(double found, const mpz_class& expected) {
-  const mpz_class error = (mpz_class(found) - expected) * mpz_class(std::ldexp(1, 52));
+bool IsRoundedOnce(double found, const mpq_class& expected) {
+  const mpq_class error = (mpq_class(found) - expected) * mpq_class(std::ldexp(1, 52));
   return abs(error) <= abs(expected);
 }
 
