@@ -1,24 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
-#include <random>
-#include <vector>
 
+#include "support/polylines.h"
 #include "zyl/geometry/direction.h"
-#include "zyl/geometry/polyline3d.h"
 
 namespace {
 
 using namespace zyl::geometry;
+using rings::Closed;
 using Points = std::vector<Point3D>;
 
 const Points kSquare = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
-
-Polyline3D Closed(const Points& points) {
-  Polyline3D polyline(points);
-  polyline.SetClosed(true);
-  return polyline;
-}
 
 Coord3D NormalOf(const Polyline3D& polyline) {
   Direction normal(7, 8, 9);
@@ -42,25 +36,19 @@ TEST(PolygonNormal, PointsUpTheLargestAxisWhicheverWayThePointsRun) {
 
 TEST(PolygonNormal, IsThatOfThePlaneOfItsPoints) {
   std::mt19937_64 random(8);
-  const auto uniform = [&] { return std::uniform_real_distribution<double>(-1, 1)(random); };
+  const auto next = [&] { return Uniform(random, -1, 1); };
   for (int i = 0; i < 200; ++i) {
-    const Coord3D u(uniform(), uniform(), uniform()), v(uniform(), uniform(), uniform());
+    const Coord3D u(next(), next(), next()), v(next(), next(), next());
     Coord3D wanted = u.Cross(v);
     if (wanted.Magnitude() < 0.1) {
       continue;
     }
     wanted.Normalise();
-    Points points;
-    for (int k = 0; k < 12; ++k) {
-      points.emplace_back(Coord3D(450, 6500, 3) + u * uniform() + v * uniform());
-    }
-    const Coord3D normal = NormalOf(points);
+    const Coord3D normal = NormalOf(Generate(
+        12, [&](int) { return Point3D(Coord3D(450, 6500, 3) + u * next() + v * next()); }));
     EXPECT_NEAR(std::fabs(normal.Dot(wanted)), 1, 1e-9);
-    const Coord3D axis(std::fabs(normal.x), std::fabs(normal.y), std::fabs(normal.z));
-    EXPECT_GT(axis.x > axis.y && axis.x > axis.z ? normal.x
-              : axis.y > axis.z                  ? normal.y
-                                                 : normal.z,
-              0);
+    const auto [least, greatest] = std::minmax({normal.x, normal.y, normal.z});
+    EXPECT_GT(greatest, -least);
   }
 }
 

@@ -3,9 +3,7 @@
 // Where a point lies relative to a ring in the plane, by the even-odd rule and exact arithmetic.
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
 #include <vector>
 
 #include "support/exact.h"

@@ -2,6 +2,7 @@
 
 #include <malloc.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstddef>
 #include <cstdlib>
@@ -20,48 +21,25 @@ void __wrap_free(void* block);
 
 namespace {
 
-std::atomic<long> untilFailure{0};  // 0: no failure is planned
+std::atomic<long> chosen{0};  // 0: no failure is planned
 std::atomic<bool> laterFailToo{false};
-std::atomic<bool> failed{false};
+std::atomic<long> allocations{0};
 std::atomic<long> liveBlocks{0};
 std::atomic<long> liveBytes{0};
-std::atomic<long> bytesBefore{0};
 std::atomic<long> peakBytes{0};
 
 bool FailsNow() {
-  if (failed) {
-    return laterFailToo;
-  }
-  if (untilFailure == 0 || --untilFailure != 0) {
-    return false;
-  }
-  failed = true;
-  return true;
+  const long number = ++allocations;
+  return number == chosen || (laterFailToo && number > chosen);
 }
 
-long SizeOf(void* block) { return static_cast<long>(malloc_usable_size(block)); }
+long SizeOf(void* block) { return static_cast<long>(malloc_usable_size(block)); }  // of null: 0
 
 // A peak that another thread reaches at the same moment may be missed.
-void AddBytes(long bytes) {
-  liveBytes += bytes;
-  if (liveBytes > peakBytes) {
-    peakBytes = liveBytes.load();
-  }
-}
-
-void* Counted(void* block) {
-  if (block != nullptr) {
-    ++liveBlocks;
-    AddBytes(SizeOf(block));
-  }
-  return block;
-}
-
-void* New(std::size_t size) {
-  void* const block = __wrap_malloc(size == 0 ? 1 : size);
-  if (block == nullptr) {
-    throw std::bad_alloc();
-  }
+void* Counted(void* block, long bytesBefore = 0) {
+  liveBlocks += block != nullptr && bytesBefore == 0;
+  liveBytes += SizeOf(block) - bytesBefore;
+  peakBytes = std::max(peakBytes.load(), liveBytes.load());
   return block;
 }
 
@@ -76,58 +54,48 @@ void* __wrap_calloc(std::size_t count, std::size_t size) {
 }
 
 void* __wrap_realloc(void* block, std::size_t size) {
-  if (FailsNow()) {
-    return nullptr;
-  }
-  if (block == nullptr) {
-    return Counted(__real_malloc(size));
-  }
-  const long before = SizeOf(block);
-  void* const moved = __real_realloc(block, size);
-  if (moved != nullptr) {
-    AddBytes(SizeOf(moved) - before);
-  }
-  return moved;
+  const long bytesBefore = SizeOf(block);
+  return FailsNow() ? nullptr : Counted(__real_realloc(block, size), bytesBefore);
 }
 
 void __wrap_free(void* block) {
-  if (block != nullptr) {
-    --liveBlocks;
-    liveBytes -= SizeOf(block);
-  }
+  liveBlocks -= block != nullptr;
+  liveBytes -= SizeOf(block);
   __real_free(block);
 }
 
-void* operator new(std::size_t size) { return New(size); }
-void* operator new[](std::size_t size) { return New(size); }
+// The other forms of new and delete end in these.
+void* operator new(std::size_t size) {
+  void* const block = __wrap_malloc(size);
+  if (block == nullptr) {
+    throw std::bad_alloc();
+  }
+  return block;
+}
 void operator delete(void* block) noexcept { __wrap_free(block); }
-void operator delete[](void* block) noexcept { __wrap_free(block); }
 void operator delete(void* block, std::size_t) noexcept { __wrap_free(block); }
-void operator delete[](void* block, std::size_t) noexcept { __wrap_free(block); }
 
 namespace faults {
 
 FailAllocation::FailAllocation(long k, bool andAllLater) {
+  allocations = 0;
+  chosen = k;
   laterFailToo = andAllLater;
-  failed = false;
-  untilFailure = k;
 }
 
 FailAllocation::~FailAllocation() {
-  untilFailure = 0;
-  failed = false;
+  chosen = 0;
   laterFailToo = false;
 }
 
-bool FailAllocation::HasFailed() const { return failed; }
+bool FailAllocation::HasFailed() const { return allocations >= chosen; }
 
 long LiveBlocks() { return liveBlocks; }
 
-void ResetPeak() {
-  bytesBefore = liveBytes.load();
-  peakBytes = liveBytes.load();
-}
+long LiveBytes() { return liveBytes; }
 
-long PeakBytes() { return peakBytes - bytesBefore; }
+long PeakBytes() { return peakBytes; }
+
+void ResetPeak() { peakBytes = liveBytes.load(); }
 
 }  // namespace faults

@@ -23,8 +23,13 @@ class FailAllocation {
   bool HasFailed() const;
 };
 
-/// Blocks allocated and not yet released by this program.
+/// Blocks, and bytes, that this program has allocated and not yet released.
 long LiveBlocks();
+long LiveBytes();
+
+/// The most bytes at once since ResetPeak.
+long PeakBytes();
+void ResetPeak();
 
 /// Calls attempt(k, all), which is to make its k-th allocation fail, and all later ones too if
 /// `all` is set, for k = 1, 2, ... until it returns that nothing failed. Nothing may leak. Returns
@@ -52,11 +57,5 @@ bool RunsOutOfMemory(long k, bool andAllLater, Action action) {
   }
   return false;
 }
-
-/// Starts a new count of PeakBytes from what is allocated now.
-void ResetPeak();
-
-/// Most bytes allocated at once since ResetPeak, beyond those allocated then.
-long PeakBytes();
 
 }  // namespace faults

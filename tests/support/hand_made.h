@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <vector>
-
 #include "support/triangulation.h"
 #include "trimake/records.h"
 

@@ -12,11 +12,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
 #include <map>
-#include <unordered_map>
-#include <vector>
+#include <string>
 
 #include "support/exact.h"
 #include "support/triangulation.h"
@@ -40,6 +37,7 @@ class Checker {
   }
 
  private:
+  using Edge = std::pair<int, int>;
   using Path = std::map<int, std::vector<int>>;  // vertices to those beside them
 
   static bool Precedes(const TPoint& a, const TPoint& b) {
@@ -50,6 +48,9 @@ class Checker {
     return mesh_.vertices[static_cast<std::size_t>(number - 1)];
   }
   int Corner(std::size_t t, std::size_t k) const { return mesh_.triangles[t][k % 3]; }
+  Edge EdgeOf(std::size_t side) const {
+    return {Corner(side / 3, side % 3), Corner(side / 3, side % 3 + 1)};
+  }
   const double* XY(int number) const { return &Vertex(number).x; }
   int TurnSign(int a, int b, int c) const { return exact::Orient2D(XY(a), XY(b), XY(c)); }
 
@@ -99,24 +100,18 @@ class Checker {
   // Two triangles that share an edge run along it in opposite directions; so each direction
   // occurs once. What the neighbour array and the segment lists say has to agree.
   void CheckEdges() {
-    const auto key = [](int from, int to) {
-      return static_cast<std::uint64_t>(from) << 32 | static_cast<std::uint32_t>(to);
-    };
-    std::unordered_map<std::uint64_t, std::size_t> sideOf;  // 3 * triangle + edge
+    std::map<Edge, std::size_t> sideOf;  // 3 * triangle + edge
     for (std::size_t side = 0; side < 3 * mesh_.triangles.size(); ++side) {
-      const std::size_t t = side / 3, k = side % 3;
-      EXPECT_TRUE(sideOf.emplace(key(Corner(t, k), Corner(t, k + 1)), side).second)
-          << "edge " << k << " of triangle " << t << " twice";
+      EXPECT_TRUE(sideOf.emplace(EdgeOf(side), side).second) << "twice: side " << side;
     }
     std::size_t shared = 0;
-    for (std::size_t side = 0; side < 3 * mesh_.triangles.size(); ++side) {
-      const std::size_t t = side / 3, k = side % 3;
-      const auto across = sideOf.find(key(Corner(t, k + 1), Corner(t, k)));
+    for (const auto& [edge, side] : sideOf) {
+      const auto across = sideOf.find({edge.second, edge.first});
       if (across == sideOf.end()) {
-        EXPECT_EQ(mesh_.neighbours[t][k], 0);
-        next_[Corner(t, k)] = Corner(t, k + 1);
+        EXPECT_EQ(mesh_.neighbours[side / 3][side % 3], 0);
+        next_.insert(edge);
       } else {
-        CheckSharedEdge(t, k, across->second / 3, across->second % 3);
+        CheckSharedEdge(side / 3, side % 3, across->second / 3, across->second % 3);
         ++shared;
       }
     }
@@ -157,12 +152,11 @@ class Checker {
   // Every requested segment is a path of edges that name it, from end to end, and no edge names
   // one that was not requested.
   void CheckBreaklines() {
-    std::map<std::pair<int, int>, Path> paths;
+    std::map<Edge, Path> paths;
     for (std::size_t side = 0; side < 3 * mesh_.triangles.size(); ++side) {
-      const std::size_t t = side / 3, k = side % 3;
-      const int a = Corner(t, k), b = Corner(t, k + 1);
-      if (a < b || mesh_.neighbours[t][k] == 0) {  // not the other side of the same edge
-        for (const auto& segment : mesh_.segments[t][k]) {
+      const auto [a, b] = EdgeOf(side);
+      if (a < b || mesh_.neighbours[side / 3][side % 3] == 0) {  // else seen from the other side
+        for (const auto& segment : mesh_.segments[side / 3][side % 3]) {
           paths[segment][a].push_back(b);
           paths[segment][b].push_back(a);
         }

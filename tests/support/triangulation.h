@@ -4,13 +4,13 @@
 // themselves.
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdlib>
 #include <initializer_list>
-#include <memory>
 #include <utility>
-#include <vector>
 
+#include "support/generate.h"
 #include "trimake/delaunay.h"
 
 namespace mesh {
@@ -19,27 +19,23 @@ using zyl::geometry::internal::TPoint;
 using Points = std::vector<TPoint>;
 
 constexpr int kJoined = 0;  // by a breakline, to the point before
-constexpr int kLoose = 1;
+constexpr int kLoose = 5;   // anything but 0
 
-/// The points of breaklines, each given as x, y, x, y, ...; one point alone is just a point.
-inline Points Lines(std::initializer_list<std::vector<double>> lines) {
+/// The points of breaklines, each given as x, y, x, y, ... or, with three dimensions, x, y, z, ...;
+/// one point alone is just a point.
+inline Points Lines(std::initializer_list<std::vector<double>> lines, std::size_t dimensions = 2) {
   Points points;
   for (const std::vector<double>& line : lines) {
-    for (std::size_t i = 0; i < line.size(); i += 2) {
-      points.push_back({line[i], line[i + 1], 0, i == 0 ? kLoose : kJoined});
+    for (std::size_t i = 0; i < line.size(); i += dimensions) {
+      const double z = dimensions == 3 ? line[i + 2] : 0;
+      points.push_back({line[i], line[i + 1], z, i == 0 ? kLoose : kJoined});
     }
   }
   return points;
 }
 
-/// place(0) to place(n - 1).
-template <class Place>
-Points Generate(int n, Place place) {
-  Points points;
-  for (int i = 0; i < n; ++i) {
-    points.push_back(place(i));
-  }
-  return points;
+inline TPoint Polar(double radius, double angle, int flag = kLoose) {
+  return {radius * std::cos(angle), radius * std::sin(angle), 0, flag};
 }
 
 /// Breakline segments along one triangle edge, as (from, to), newest first.
@@ -66,26 +62,44 @@ inline Segments ListOf(const zyl::geometry::internal::TEdgeInfo& info) {
   return list;
 }
 
-inline Triangulation Triangulate(const Points& points, double nearTolerance = 0,
-                                 double relativeTolerance = 0) {
+/// The arrays that one call hands out.
+struct Arrays {
   int triangleCount = -1, vertexCount = -1;
   TPoint* vertices = nullptr;
   int *triangles = nullptr, *neighbours = nullptr;
   void* edgeInfo = nullptr;
-  Triangulation mesh;
-  mesh.result = zyl::geometry::internal::tri_Triangulate(
-      static_cast<int>(points.size()), points.data(), &triangleCount, &vertexCount, &vertices,
-      &triangles, &edgeInfo, &neighbours, nearTolerance, relativeTolerance);
-  mesh.vertices.assign(vertices, vertices + vertexCount);
-  const auto* pairs = static_cast<const zyl::geometry::internal::TEdgeInfo*>(edgeInfo);
-  for (int i = 0; i < 3 * triangleCount; i += 3) {
-    mesh.triangles.push_back({triangles[i], triangles[i + 1], triangles[i + 2]});
-    mesh.neighbours.push_back({neighbours[i], neighbours[i + 1], neighbours[i + 2]});
-    mesh.segments.push_back({ListOf(pairs[i]), ListOf(pairs[i + 1]), ListOf(pairs[i + 2])});
+
+  ~Arrays() {
+    for (void* array : {static_cast<void*>(vertices), static_cast<void*>(triangles), edgeInfo,
+                        static_cast<void*>(neighbours)}) {
+      std::free(array);
+    }
   }
-  for (void* block : {static_cast<void*>(vertices), static_cast<void*>(triangles), edgeInfo,
-                      static_cast<void*>(neighbours)}) {
-    std::free(block);
+
+  int Triangulate(const Points& points, double nearTolerance = 0, double relativeTolerance = 0) {
+    return zyl::geometry::internal::tri_Triangulate(
+        static_cast<int>(points.size()), points.data(), &triangleCount, &vertexCount, &vertices,
+        &triangles, &edgeInfo, &neighbours, nearTolerance, relativeTolerance);
+  }
+
+  bool AreEmpty() const {
+    return triangleCount == 0 && vertexCount == 0 && vertices == nullptr && triangles == nullptr &&
+           edgeInfo == nullptr && neighbours == nullptr;
+  }
+};
+
+inline Triangulation Triangulate(const Points& points, double nearTolerance = 0,
+                                 double relativeTolerance = 0) {
+  Arrays out;
+  Triangulation mesh;
+  mesh.result = out.Triangulate(points, nearTolerance, relativeTolerance);
+  mesh.vertices.assign(out.vertices, out.vertices + out.vertexCount);
+  const auto* pairs = static_cast<const zyl::geometry::internal::TEdgeInfo*>(out.edgeInfo);
+  for (int i = 0; i < 3 * out.triangleCount; i += 3) {
+    const int *corners = out.triangles + i, *across = out.neighbours + i;
+    mesh.triangles.push_back({corners[0], corners[1], corners[2]});
+    mesh.neighbours.push_back({across[0], across[1], across[2]});
+    mesh.segments.push_back({ListOf(pairs[i]), ListOf(pairs[i + 1]), ListOf(pairs[i + 2])});
   }
   return mesh;
 }

@@ -6,12 +6,11 @@
 #include <array>
 #include <atomic>
 #include <cmath>
-#include <cstddef>
 #include <map>
-#include <random>
+#include <numeric>
 #include <utility>
-#include <vector>
 
+#include "support/generate.h"
 #include "trimake/parallel_sort.h"
 
 namespace {
@@ -20,30 +19,20 @@ using zyl::geometry::internal::tri_Build_Adjacency;
 using zyl::geometry::internal::tri_Parallel_Sort;
 
 using Triangles = std::vector<std::array<int, 3>>;
-using Edge = std::pair<int, int>;
-
-// Edge k of triangle t is the one at 3t + k.
-std::vector<Edge> EdgesOf(const Triangles& triangles) {
-  std::vector<Edge> edges;
-  for (const std::array<int, 3>& t : triangles) {
-    for (std::size_t k = 0; k < 3; ++k) {
-      edges.push_back(std::minmax({t[k], t[(k + 1) % 3]}));
-    }
-  }
-  return edges;
-}
 
 // The triangle on the other side by looking all triangles of an edge up in a map.
 std::vector<int> NeighboursByMap(const Triangles& triangles) {
-  const std::vector<Edge> edges = EdgesOf(triangles);
-  std::map<Edge, std::vector<int>> users;
-  for (std::size_t i = 0; i < edges.size(); ++i) {
-    users[edges[i]].push_back(static_cast<int>(i / 3) + 1);
+  std::map<std::pair<int, int>, std::vector<int>> sides;
+  for (std::size_t i = 0; i < 3 * triangles.size(); ++i) {
+    const auto& t = triangles[i / 3];
+    sides[std::minmax(t[i % 3], t[(i + 1) % 3])].push_back(static_cast<int>(i));
   }
-  std::vector<int> neighbours;
-  for (std::size_t i = 0; i < edges.size(); ++i) {
-    const std::vector<int>& both = users[edges[i]];
-    neighbours.push_back(both.size() == 2 ? both[0] + both[1] - static_cast<int>(i / 3) - 1 : 0);
+  std::vector<int> neighbours(3 * triangles.size(), 0);
+  for (const auto& [edge, both] : sides) {
+    if (both.size() == 2) {
+      neighbours[static_cast<std::size_t>(both[0])] = both[1] / 3 + 1;
+      neighbours[static_cast<std::size_t>(both[1])] = both[0] / 3 + 1;
+    }
   }
   return neighbours;
 }
@@ -52,25 +41,6 @@ int Build(const Triangles& triangles, std::vector<int>& neighbours) {
   neighbours.assign(3 * triangles.size(), 99);
   return tri_Build_Adjacency(static_cast<int>(triangles.size()), triangles.data()->data(),
                              neighbours.data());
-}
-
-// Triangles (hub, i, i + 1) around one vertex, whose number is above or below all others.
-Triangles Fan(int count, bool hubHighest) {
-  Triangles fan;
-  for (int i = 0; i < count; ++i) {
-    fan.push_back(hubHighest ? std::array<int, 3>{count + 2, i + 1, i + 2}
-                             : std::array<int, 3>{1, i + 2, i + 3});
-  }
-  return fan;
-}
-
-// Triangles that all have the edge 1-2.
-Triangles Book(int count) {
-  Triangles book;
-  for (int i = 0; i < count; ++i) {
-    book.push_back({1, 2, i + 3});
-  }
-  return book;
 }
 
 // The result is the highest vertex number, or, with an edge of three triangles, minus it.
@@ -99,17 +69,20 @@ TEST(Adjacency, NoTrianglesWriteNothing) {
   EXPECT_EQ(untouched, 77);
 }
 
-// Grids, fans and books, in order and shuffled, are large enough for parts to be sorted at once.
+// In order and shuffled, and large enough for parts to be sorted at once.
 TEST(Adjacency, AgreesWithLookingEveryEdgeUp) {
-  constexpr int kSide = 60;
-  Triangles grid;
-  for (int a = 1; a < kSide * (kSide - 1); a += a % kSide == kSide - 1 ? 2 : 1) {
-    grid.push_back({a, a + kSide, a + 1});
-    grid.push_back({a + 1, a + kSide, a + kSide + 1});
-  }
+  const auto quads = [](int i) {
+    const int a = i / 2 + i / 118 + 1;  // 59 squares in a row of 60 vertices
+    return i % 2 == 0 ? std::array<int, 3>{a, a + 60, a + 1}
+                      : std::array<int, 3>{a + 1, a + 60, a + 61};
+  };
+  const auto hubHighest = [](int i) { return std::array<int, 3>{5002, i + 1, i + 2}; };
+  const auto hubLowest = [](int i) { return std::array<int, 3>{1, i + 2, i + 3}; };
+  const auto oneEdge = [](int i) { return std::array<int, 3>{1, 2, i + 3}; };
   std::mt19937 random(20240611);
   std::vector<int> neighbours;
-  for (Triangles triangles : {grid, Fan(5000, true), Fan(5000, false), Book(5000)}) {
+  for (Triangles triangles : {Generate(6962, quads), Generate(5000, hubHighest),
+                              Generate(5000, hubLowest), Generate(5000, oneEdge)}) {
     for (int order = 0; order < 2; ++order) {
       Build(triangles, neighbours);
       EXPECT_EQ(neighbours, NeighboursByMap(triangles));
@@ -118,58 +91,67 @@ TEST(Adjacency, AgreesWithLookingEveryEdgeUp) {
   }
 }
 
-// Comparisons that sorting costs, in units of n·log2(n). Each one counts, whichever thread makes
-// it. The result is held against std::sort.
-double CostOfSorting(std::vector<Edge> edges) {
-  std::vector<Edge> expected = edges;
+// Comparisons that sorting costs, in units of n·log2(n), whichever thread makes them.
+double CostOfSorting(std::vector<int> numbers) {
+  std::vector<int> expected = numbers;
   std::sort(expected.begin(), expected.end());
-
-  std::atomic<long> comparisons{0};
-  const auto compare = [&comparisons](const Edge& a, const Edge& b) {
-    comparisons.fetch_add(1, std::memory_order_relaxed);
-    return a < b ? -1 : b < a ? 1 : 0;
-  };
-  tri_Parallel_Sort(edges.data(), edges.size(), compare);
-  EXPECT_EQ(edges, expected);
-  const double n = static_cast<double>(edges.size());
-  return static_cast<double>(comparisons) / (n * std::log2(n));
+  std::atomic<int> comparisons{0};
+  tri_Parallel_Sort(numbers.data(), numbers.size(), [&comparisons](int a, int b) {
+    ++comparisons;
+    return a - b;
+  });
+  EXPECT_EQ(numbers, expected);
+  const double n = static_cast<double>(numbers.size());
+  return comparisons / (n * std::log2(n));
 }
 
-// A book has one key for a third of its edges: a partition that puts all keys equal to the pivot on
-// one side then splits off one record at a time, and needs thousands of units.
-TEST(ParallelSort, NeedsNLogNComparisonsWhateverTheEdgesShare) {
-  constexpr int kCount = 30000;
-  std::vector<Edge> pipe = EdgesOf(Fan(kCount, true));  // up, then down again
-  const std::vector<Edge> down(pipe.rbegin(), pipe.rend());
-  pipe.insert(pipe.end(), down.begin(), down.end());
-  const std::pair<const char*, std::vector<Edge>> lists[] = {
-      {"one vertex, the highest", EdgesOf(Fan(kCount, true))},
-      {"one vertex, the lowest", EdgesOf(Fan(kCount, false))},
-      {"one edge", EdgesOf(Book(kCount))},
-      {"all equal", std::vector<Edge>(kCount, Edge(1, 2))},
-      {"up and down", pipe}};
+// A partition that puts all numbers equal to the pivot on one side splits off one at a time, and
+// needs thousands of units.
+TEST(ParallelSort, NeedsNLogNComparisonsInWhateverOrder) {
+  constexpr int kCount = 60000;
+  const std::pair<const char*, std::vector<int>> lists[] = {
+      {"all equal", Generate(kCount, [](int) { return 1; })},
+      {"every third equal", Generate(kCount, [](int i) { return i % 3 == 0 ? 1 : i; })},
+      {"up", Generate(kCount, [](int i) { return i; })},
+      {"up and down", Generate(kCount, [](int i) { return std::min(i, kCount - i); })}};
   std::mt19937 random(7);
-  for (auto [name, edges] : lists) {
-    EXPECT_LT(CostOfSorting(edges), 2.0) << name;
-    std::reverse(edges.begin(), edges.end());
-    EXPECT_LT(CostOfSorting(edges), 2.0) << name << ", reversed";
-    std::shuffle(edges.begin(), edges.end(), random);
-    EXPECT_LT(CostOfSorting(edges), 2.0) << name << ", shuffled";
+  for (auto [name, numbers] : lists) {
+    EXPECT_LT(CostOfSorting(numbers), 2.0) << name;
+    std::reverse(numbers.begin(), numbers.end());
+    EXPECT_LT(CostOfSorting(numbers), 2.0) << name << ", reversed";
+    std::shuffle(numbers.begin(), numbers.end(), random);
+    EXPECT_LT(CostOfSorting(numbers), 2.0) << name << ", shuffled";
   }
+}
+
+// After M. D. McIlroy, "A Killer Adversary for Quicksort" (1999): numbers are fixed no earlier than
+// they are compared, the pivot among the least. Pivots that only sample the records split off a few
+// each time, which here takes 16 units. So few records stay on one thread.
+TEST(ParallelSort, NeedsNLogNComparisonsAgainstAnAdversary) {
+  constexpr std::size_t kCount = 1000;
+  constexpr int kOpen = 9999;
+  std::vector<int> values(kCount, kOpen);
+  std::vector<std::size_t> records(kCount);
+  std::iota(records.begin(), records.end(), 0u);
+  int comparisons = 0, fixed = 0;
+  std::size_t pivot = 0;
+  tri_Parallel_Sort(records.data(), kCount, [&](std::size_t a, std::size_t b) {
+    ++comparisons;
+    if (values[a] == kOpen && values[b] == kOpen) {
+      values[a == pivot ? a : b] = fixed++;
+    }
+    pivot = values[a] == kOpen ? a : values[b] == kOpen ? b : pivot;
+    return values[a] - values[b];
+  });
+  EXPECT_LT(comparisons, 8 * kCount * std::log2(kCount));
 }
 
 TEST(ParallelSort, SortsEveryShortArrayOfFewValues) {
   std::mt19937 random(11);
-  for (std::size_t n = 0; n <= 200; ++n) {
-    for (const unsigned values : {1u, 2u, 3u, 1000u}) {
-      std::vector<int> numbers(n);
-      for (int& number : numbers) {
-        number = static_cast<int>(random() % values);
-      }
-      std::vector<int> expected = numbers;
-      std::sort(expected.begin(), expected.end());
-      tri_Parallel_Sort(numbers.data(), n, [](int a, int b) { return a - b; });
-      ASSERT_EQ(numbers, expected) << n << " numbers below " << values;
+  for (int n = 0; n <= 200; ++n) {
+    for (const double values : {1, 2, 3, 1000}) {
+      SCOPED_TRACE(testing::Message() << n << " numbers below " << values);
+      CostOfSorting(Generate(n, [&](int) { return static_cast<int>(Uniform(random, 0, values)); }));
     }
   }
 }

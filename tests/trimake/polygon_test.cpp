@@ -3,19 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstddef>
-#include <vector>
 
 namespace {
 
+using namespace mesh;
 using namespace zyl::geometry::internal;
-using mesh::Chains;
-using mesh::Triangulated;
 
-// Area of the triangles with this mark, -1 if there is no polygon. Triangles run clockwise: half
-// the cross product is negative.
-double AreaMarked(const mesh::Polygon& polygon, int mark) {
-  double area = polygon == nullptr ? -1 : 0;
+// Area of the triangles with this mark. They run clockwise: half the cross product is negative.
+double AreaMarked(const Polygon& polygon, int mark) {
+  double area = 0;
   for (int t = 0; polygon != nullptr && t < polygon->triangleCount; ++t) {
     if (polygon->inside[t] == mark) {
       const int* const corners = polygon->triangles + 3 * t;
@@ -31,20 +27,18 @@ double AreaMarked(const mesh::Polygon& polygon, int mark) {
 TEST(Polygon, MarksWhatTheBoundaryParts) {
   const struct {
     const char* what;
-    std::vector<TPoint> points;
+    Points points;
     double inside, outside;  // areas within the convex hull
   } cases[] = {
-      {"a square", Chains({{0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0, 0, 0, 0}}), 1, 0},
-      {"with a notch at the closing edge",
-       Chains({{1, 2, 0, 0, 2, 0, 0, 0, 0, 2, 0, 0, 2, 1, 0, 1, 1, 0}}), 3, 0.5},
+      {"a square", Lines({{0, 0, 0, 1, 1, 1, 1, 0, 0, 0}}), 1, 0},
+      {"with a notch at the closing edge", Lines({{1, 2, 0, 2, 0, 0, 2, 0, 2, 1, 1, 1}}), 3, 0.5},
       {"with a whisker from (4, 4) to (2, 2) and back, which parts nothing",
-       Chains({{0, 0, 0, 4, 0, 0, 4, 4, 0, 2, 2, 0, 4, 4, 0, 0, 4, 0, 0, 0, 0}}), 16, 0},
-      {"a bow tie: two of four quarters", Chains({{0, 0, 0, 4, 4, 0, 4, 0, 0, 0, 4, 0}}), 8, 8},
+       Lines({{0, 0, 0, 4, 4, 4, 2, 2, 4, 4, 4, 0, 0, 0}}), 16, 0},
+      {"a bow tie: two of four quarters", Lines({{0, 0, 4, 4, 4, 0, 0, 4}}), 8, 8},
       {"a ring of two chains, of which neither repeats its first point",
-       Chains({{1, 1, 0, 3, 1, 0, 3, 3, 0, 1, 3, 0}, {0, 0, 0, 4, 0, 0, 4, 4, 0, 0, 4, 0}}), 12,
-       4}};
+       Lines({{1, 1, 3, 1, 3, 3, 1, 3}, {0, 0, 4, 0, 4, 4, 0, 4}}), 12, 4}};
   for (const auto& c : cases) {
-    const mesh::Polygon polygon = Triangulated(c.points);
+    const Polygon polygon = Triangulated(c.points);
     EXPECT_DOUBLE_EQ(AreaMarked(polygon, 1), c.inside) << c.what;
     EXPECT_DOUBLE_EQ(AreaMarked(polygon, 0), c.outside) << c.what;
   }
@@ -52,7 +46,7 @@ TEST(Polygon, MarksWhatTheBoundaryParts) {
 
 TEST(Polygon, LiesInItsBestFitPlaneOrAcrossTheGivenNormal) {
   // The square (0, 0), (5, 0), (5, 5), (0, 5) leans with slope 3/4 along y: 25·1.25 of area.
-  const std::vector<TPoint> roof = Chains({{0, 0, 0, 5, 0, 0, 5, 5, 3.75, 0, 5, 3.75}});
+  const Points roof = Lines({{0, 0, 0, 5, 0, 0, 5, 5, 3.75, 0, 5, 3.75}}, 3);
   EXPECT_NEAR(AreaMarked(Triangulated(roof), 1), 31.25, 1e-12);
   const double up[3] = {0, 0, 2};
   EXPECT_NEAR(AreaMarked(Triangulated(roof, up), 1), 25, 1e-12);
@@ -62,27 +56,31 @@ TEST(Polygon, LiesInItsBestFitPlaneOrAcrossTheGivenNormal) {
   EXPECT_EQ(Triangulated(roof, none), nullptr);
 }
 
-TEST(LocalFrame, AxesFollowTheNormal) {
+TMatrix FrameFromNormal(double nx, double ny, double nz, TFrameForm form) {
   TMatrix m;
-  tri_Frame_From_Normal(1, 0, 0, kLocalToWorld, m);
-  EXPECT_EQ(m, (TMatrix{0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1}));
-  tri_Frame_From_Normal(-1, 0, 0, kLocalToWorld, m);
-  EXPECT_EQ(m, (TMatrix{0, 0, -1, 0, 0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 0, 1}));
-  tri_Frame_From_Normal(0, 0, -1, kWorldToLocal, m);
-  EXPECT_EQ(m, (TMatrix{1, 0, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1}));
+  tri_Frame_From_Normal(nx, ny, nz, form, m);
+  return m;
+}
+
+TEST(LocalFrame, AxesFollowTheNormal) {
+  EXPECT_EQ(FrameFromNormal(1, 0, 0, kLocalToWorld),
+            (TMatrix{0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1}));
+  EXPECT_EQ(FrameFromNormal(-1, 0, 0, kLocalToWorld),
+            (TMatrix{0, 0, -1, 0, 0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 0, 1}));
+  EXPECT_EQ(FrameFromNormal(0, 0, -1, kWorldToLocal),
+            (TMatrix{1, 0, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1}));
   // Rows X = (s, -nx·ny/s, -nx·nz/s), Y = (0, nz/s, -ny/s), Z; columns the other way.
   const TMatrix expected = {0.8, -0.36, -0.48, 0, 0, 0.8, -0.6, 0, 0.6, 0.48, 0.64, 0, 0, 0, 0, 1};
-  TMatrix transposed;
-  tri_Frame_From_Normal(0.6, 0.48, 0.64, kLocalToWorld, m);
-  tri_Frame_From_Normal(0.6, 0.48, 0.64, kWorldToLocal, transposed);
+  const TMatrix toWorld = FrameFromNormal(0.6, 0.48, 0.64, kLocalToWorld);
+  const TMatrix toLocal = FrameFromNormal(0.6, 0.48, 0.64, kWorldToLocal);
   for (std::size_t i = 0; i < 16; ++i) {
-    EXPECT_NEAR(m[i], expected[i], 1e-15);
-    EXPECT_EQ(transposed[i], m[i % 4 * 4 + i / 4]);
+    EXPECT_NEAR(toWorld[i], expected[i], 1e-15);
+    EXPECT_EQ(toLocal[i], toWorld[i % 4 * 4 + i / 4]);
   }
 }
 
 TMatrix FrameOf(const std::vector<double>& chain) {
-  const std::vector<TPoint> points = Chains({chain});
+  const Points points = Lines({chain}, 3);
   TMatrix m = {};
   tri_Fit_Plane(static_cast<int>(points.size()), points.data(), m);
   return m;

@@ -1,0 +1,23 @@
+#pragma once
+
+// What tests make their points of.
+
+#include <random>
+#include <vector>
+
+constexpr double kTurn = 6.283185307179586;
+
+/// place(0) to place(n - 1).
+template <class Place>
+auto Generate(int n, Place place) {
+  std::vector<decltype(place(n))> all;
+  for (int i = 0; i < n; ++i) {
+    all.push_back(place(i));
+  }
+  return all;
+}
+
+template <class Random>
+double Uniform(Random& random, double from = 0, double to = 1) {
+  return std::uniform_real_distribution<double>(from, to)(random);
+}
