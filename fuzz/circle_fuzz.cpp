@@ -11,8 +11,7 @@
 
 using namespace zyl::geometry;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+void fuzz::Run(Input& input) {
   const bool isSmall = input.Byte() % 2 == 0;
   input.DrawKind();
   const std::size_t most = isSmall ? 14 : 400;  // of few, all triples are tried
@@ -29,5 +28,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       FUZZ_CHECK(std::hypot(p.x - circle.x, p.y - circle.y) <= circle.radius + 1e-9);
     }
   }
-  return 0;
 }

@@ -13,8 +13,6 @@ namespace {
 
 using namespace zyl::geometry;
 
-bool IsCrossing(Intersection2D_e meeting) { return meeting == INTERSECT2D_CROSSING; }
-
 // The answers for the same edges named the other way round, by the number of the answer.
 constexpr Intersection2D_e kExchanged[] = {
     INTERSECT2D_UNDEFINED,        INTERSECT2D_NONE,
@@ -30,9 +28,8 @@ bool IsShared(Intersection2D_e meeting) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::Run(Input& input) {
   geom_Init();
-  fuzz::Input input(data, size);
   input.DrawKind();
   const double tolerance = input.Byte() % 2 == 0 ? 0.0 : input.Coordinate();
   Coord3D p[4];
@@ -44,28 +41,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
   }
 
-  Intersection forward(0, 0, 7, 9);
-  const Intersection2D_e meeting =
-      geom_EdgeIntersectEdge2D(p[0], p[1], p[2], p[3], forward, tolerance);
+  const auto meet = [&](int a, int b, int c, int d, Intersection& at) {
+    return geom_EdgeIntersectEdge2D(p[a], p[b], p[c], p[d], at, tolerance);
+  };
+  Intersection forward(0, 0, 7, 9), exchanged, reversed;
+  const Intersection2D_e meeting = meet(0, 1, 2, 3, forward);
   FUZZ_CHECK(meeting >= INTERSECT2D_UNDEFINED && meeting <= INTERSECT2D_OVERLAP);
   FUZZ_CHECK(forward.point.z == 7 && forward.parameter == 9);
+  const Intersection2D_e mirrored = meet(2, 3, 0, 1, exchanged);
+  const Intersection2D_e turned = meet(1, 0, 3, 2, reversed);
   if (!isTame) {
-    return 0;
+    return;
   }
-
-  Intersection exchanged, reversed;
-  const Intersection2D_e mirrored =
-      geom_EdgeIntersectEdge2D(p[2], p[3], p[0], p[1], exchanged, tolerance);
-  const Intersection2D_e turned =
-      geom_EdgeIntersectEdge2D(p[1], p[0], p[3], p[2], reversed, tolerance);
-  FUZZ_CHECK(IsCrossing(mirrored) == IsCrossing(meeting));
-  FUZZ_CHECK(IsCrossing(turned) == IsCrossing(meeting));
+  const bool isCrossing = meeting == INTERSECT2D_CROSSING;
+  FUZZ_CHECK((mirrored == INTERSECT2D_CROSSING) == isCrossing);
+  FUZZ_CHECK((turned == INTERSECT2D_CROSSING) == isCrossing);
   FUZZ_CHECK(IsShared(meeting) ? IsShared(mirrored)
                                : mirrored == kExchanged[meeting] ||
                                      meeting == INTERSECT2D_FIRST_ON_SECOND);  // also if identical
-  if (IsCrossing(meeting)) {
-    FUZZ_CHECK(std::memcmp(&forward.point, &exchanged.point, 2 * sizeof(double)) == 0);
-    FUZZ_CHECK(std::memcmp(&forward.point, &reversed.point, 2 * sizeof(double)) == 0);
-  }
-  return 0;
+  FUZZ_CHECK(!isCrossing || std::memcmp(&forward.point, &exchanged.point, 2 * sizeof(double)) == 0);
+  FUZZ_CHECK(!isCrossing || std::memcmp(&forward.point, &reversed.point, 2 * sizeof(double)) == 0);
 }

@@ -87,9 +87,10 @@ class Input {
   std::abort();
 }
 
+/// The target: asks about what it reads and checks the answers.
+void Run(Input& input);
+
 }  // namespace fuzz
 
 #define FUZZ_CHECK(condition) \
   ((condition) ? static_cast<void>(0) : fuzz::Fail(#condition, __FILE__, __LINE__))
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

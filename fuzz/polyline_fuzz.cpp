@@ -81,8 +81,7 @@ void CheckNames(fuzz::Input& input) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+void fuzz::Run(Input& input) {
   input.DrawKind();
   Polyline3D line;
   std::vector<Point3D> model;
@@ -105,5 +104,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   line.GetPointNormals(left, right, input.Coordinate());
   FUZZ_CHECK(left.size() == model.size() && right.size() == model.size());
   CheckNames(input);
-  return 0;
 }

@@ -29,10 +29,9 @@ bool IsTame(const double (&points)[5][3], int degree) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::Run(Input& input) {
   using exact::SignOf;
   exactinit();
-  fuzz::Input input(data, size);
   input.DrawKind();
   double p[5][3];
   for (auto& point : p) {
@@ -48,5 +47,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FUZZ_CHECK(!IsTame(p, 3) || SignOf(side3) == exact::Orient3D(p[0], p[1], p[2], p[3]));
   FUZZ_CHECK(!IsTame(p, 4) || SignOf(circle) == exact::InCircle(p[0], p[1], p[2], p[3]));
   FUZZ_CHECK(!IsTame(p, 5) || SignOf(sphere) == exact::InSphere(p[0], p[1], p[2], p[3], p[4]));
-  return 0;
 }

@@ -86,9 +86,8 @@ Triangle Over(const Coord3D* corners) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::Run(Input& input) {
   geom_Init();
-  fuzz::Input input(data, size);
   const bool isExact = input.Byte() % 2 == 0;
   input.DrawKind();
   Coord3D c[7];
@@ -101,5 +100,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckBoxes(Extent(c[0], c[1]), Extent(c[2], c[3]), c[4], isExact);
   CheckSegments(Segment(c[0], c[1]), Segment(c[2], c[3]), c[4], isExact);
   CheckTriangles(a, b, Segment(c[5], c[6]), c[6], isExact);
-  return 0;
 }

@@ -2,13 +2,14 @@
 // input that takes longer than its limit is a finding too, but a machine under load must not make
 // one, so the limit is the test runner's.
 
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <vector>
 
-#include "input.h"
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 int main(int argc, char** argv) {
   int count = 0;

@@ -3,36 +3,28 @@
 // exact even-odd rule has it.
 
 #include <cmath>
-#include <cstddef>
-#include <vector>
 
 #include "input.h"
-#include "support/even_odd.h"
-#include "zyl/geometry/polyline3d.h"
+#include "support/polylines.h"
 
 namespace {
 
-using exact::Point2;
-using exact::Ring2;
-using zyl::geometry::Point3D;
-using zyl::geometry::Polyline3D;
+using namespace rings;
 
 // At this scale no plane fits, and x and y are taken as they are.
 constexpr double kUnit = 1.0 / 4096;
 
 void CheckLattice(fuzz::Input& input) {
   const auto next = [&input] {
-    return Point2{input.SmallInteger() * kUnit, input.SmallInteger() * kUnit};
+    return Point2{1.0 * input.SmallInteger(), 1.0 * input.SmallInteger()};
   };
   const Point2 query = next();
   Ring2 ring;
-  Polyline3D polyline;
   while (input.Left() > 0 && ring.size() < 60) {
     ring.push_back(next());
-    polyline.Add(ring.back()[0], ring.back()[1], 0);
   }
-  polyline.SetClosed(true);
-  const bool isInside = polyline.IsPointInside(query[0], query[1], 0);
+  const bool isInside =
+      OnTheGround(ring, kUnit).IsPointInside(query[0] * kUnit, query[1] * kUnit, 0);
   const bool expected =
       exact::HasArea(ring) && exact::EvenOdd(ring, query) != exact::Place::kOutside;
   FUZZ_CHECK(isInside == expected || exact::IsOnCrossedEdge(ring, query));
@@ -52,13 +44,11 @@ void CheckAny(fuzz::Input& input) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+void fuzz::Run(Input& input) {
   if (input.Byte() % 2 == 0) {
     CheckLattice(input);
   } else {
     input.DrawKind();
     CheckAny(input);
   }
-  return 0;
 }

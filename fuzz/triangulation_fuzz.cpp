@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 
 #include "input.h"
 #include "support/mesh_checker.h"
@@ -42,10 +41,9 @@ bool HasCrossing(const mesh::Points& p) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::Run(Input& input) {
   GTEST_FLAG_SET(break_on_failure, true);
   zyl::geometry::internal::tri_SetQuiet(1);
-  fuzz::Input input(data, size);
   const int breaklines = input.Byte() % 4;  // none, few, half, nearly all
   const double tolerance = input.Byte() % 4 == 0 ? 0.5 : 0.0;
   input.DrawKind();
@@ -65,5 +63,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       std::all_of(points.begin(), points.end(), IsTame) && !HasCrossing(points)) {
     mesh::Check(points, built);
   }
-  return 0;
 }

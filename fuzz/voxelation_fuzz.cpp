@@ -36,8 +36,7 @@ std::vector<Voxel> Range(const Voxelation& index, const Coord3D& low, const Coor
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
+void fuzz::Run(Input& input) {
   input.DrawKind();
   const Coord3D low = input.Next<Coord3D>();
   const Coord3D high = input.Next<Coord3D>();
@@ -48,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!index.GetDimensions(dims)) {
     FUZZ_CHECK(*std::min_element(counts, counts + 3) <= 0 || low.SquaredDistance(high) == 0);
     FUZZ_CHECK(!index.AddPoint(Coord3D(), 1));
-    return 0;
+    return;
   }
 
   std::map<Voxel, Ids> model;
@@ -83,5 +82,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Ids near;
   FUZZ_CHECK(index.CollectIDsNear(near, centre, half.x, half.y, half.z) == !wanted.empty());
   FUZZ_CHECK(near == wanted);
-  return 0;
 }
