@@ -235,6 +235,7 @@ bool Voxelation::CollectIDsAt(std::set<int64>& ids, int i, int j, int k) const {
   return CollectIDsAt(ids, loc);
 }
 
+// Within one voxel hardly any identifier comes twice, so that gathering them first would not pay.
 bool Voxelation::CollectIDsAt(std::set<int64>& ids, Location& loc) const {
   if (voxels_ == nullptr) {
     return false;
