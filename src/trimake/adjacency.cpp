@@ -16,21 +16,22 @@ using Neighbours = PagedVector<int>;
 
 // One edge of one triangle, under the name that it has from either side.
 struct EdgeKey {
-  int high;  // larger vertex number
   int low;
+  int high;      // larger vertex number
   int triangle;  // 0-based
   int edge;
 };
 
 // By descending high, then descending low. One comparison of 64 bits: most keys of a vertex differ
-// in `low` only, and a branch on `high` would not pay.
+// in `low` only, and a branch on `high` would not pay. With the low half first in memory they are
+// one load.
 struct DescendingKeys {
   static std::uint64_t Whole(const EdgeKey& key) {
     return std::uint64_t{static_cast<std::uint32_t>(key.high)} << 32 |
            static_cast<std::uint32_t>(key.low);
   }
   int operator()(const EdgeKey& a, const EdgeKey& b) const {
-    return (Whole(b) > Whole(a)) - (Whole(b) < Whole(a));
+    return Whole(b) > Whole(a) ? 1 : Whole(b) < Whole(a) ? -1 : 0;
   }
 };
 
@@ -38,7 +39,7 @@ EdgeKey KeyOf(const Corners& corners, int triangle, int edge) {
   const std::size_t first = 3 * static_cast<std::size_t>(triangle);
   const int a = corners[first + static_cast<std::size_t>(edge)];
   const int b = corners[first + static_cast<std::size_t>(edge == 2 ? 0 : edge + 1)];
-  return {std::max(a, b), std::min(a, b), triangle, edge};
+  return {std::min(a, b), std::max(a, b), triangle, edge};
 }
 
 template <typename Visit>

@@ -66,9 +66,7 @@ class ParallelSorter {
     for (std::size_t unsorted = count; unsorted > 1; --unsorted) {
       std::size_t greatest = 0;
       for (std::size_t i = 1; i < unsorted; ++i) {
-        if (compare_(records[i], records[greatest]) > 0) {
-          greatest = i;
-        }
+        greatest = compare_(records[i], records[greatest]) > 0 ? i : greatest;
       }
       if (greatest != unsorted - 1) {
         std::swap(records[greatest], records[unsorted - 1]);
