@@ -1,6 +1,7 @@
-// A program that edits a polyline, step by step, beside a plain vector that is edited the same way;
+// A polyline put together step by step beside a plain vector, and what it answers to any query;
 // then names: any text is read as an integer or as 0, and every integer comes back.
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -12,43 +13,18 @@ namespace {
 
 using namespace zyl::geometry;
 
-constexpr unsigned int kMostPoints = 200;
-
 bool IsUsual(const Point3D& p) { return p == p; }
 
 void Edit(Polyline3D& line, std::vector<Point3D>& model, fuzz::Input& input) {
-  switch (input.Byte() % 6) {
-    case 0:
-    case 1:
-      model.push_back(input.Next<Point3D>());
-      line.Add(model.back());
-      break;
-    case 2: {
-      const std::size_t n = input.Byte() % kMostPoints, before = model.size();
-      line.Resize(static_cast<unsigned int>(n));
-      model.resize(n > 0 ? n : before);
-      for (std::size_t i = before; i < n; ++i) {
-        line[static_cast<unsigned int>(i)] = model[i];
-      }
-      break;
-    }
-    case 3:
-      line.Reverse();
-      model = std::vector<Point3D>(model.rbegin(), model.rend());
-      break;
-    case 4: {
-      const int coordinate = input.Byte() % 5 - 1;
-      const double value = input.Coordinate();
-      line.Set(value, coordinate);
-      double Point3D::*const fields[] = {&Point3D::x, &Point3D::y, &Point3D::z};
-      for (std::size_t i = 0; coordinate >= 0 && coordinate <= 2 && i < model.size(); ++i) {
-        model[i].*fields[coordinate] = value;
-      }
-      break;
-    }
-    default:
-      line.SetClosed(input.Byte() % 2 == 0);
-      break;
+  const int edit = input.Byte() % 4;
+  if (edit == 2) {
+    line.Reverse();
+    std::reverse(model.begin(), model.end());
+  } else if (edit == 3) {
+    line.SetClosed(input.Byte() % 2 == 0);
+  } else {
+    model.push_back(input.Next<Point3D>());
+    line.Add(model.back());
   }
 }
 

@@ -231,7 +231,7 @@ def circles():
 
 
 def polylines():
-    ADD, RESIZE, REVERSE, SET, CLOSE = 0, 2, 3, 4, 5
+    ADD, REVERSE, CLOSE = 0, 2, 3
     names = [b"", b"42", b"-17", b"+5", b" 12 ", b"12abc", b"0x1F", b"2147483647", b"2147483648",
              b"-2147483648", b"-2147483649", b"99999999999999999999", b"--1", b"\0", b"1\0002",
              b"\xff\xfe", b"n" * 300]
@@ -244,14 +244,12 @@ def polylines():
         save("polyline", f"name_{i}", bytes([kind, len(steps)]) + b"".join(steps) + tail)
     for bad in (0.0, 1e-300, HUGE, TINY, INF, NAN):
         steps = [bytes([ADD]) + raw(p) for p in [*square, (bad, 1, -bad), (bad, 1, -bad)]]
-        steps += [bytes([CLOSE, 0]), bytes([SET, 2]) + raw([bad]), bytes([REVERSE])]
+        steps += [bytes([CLOSE, 0]), bytes([REVERSE])]
         tail = raw((bad, 2, 0)) + raw([bad]) + raw([bad]) + struct.pack("<i", 7) + b"7"
         save("polyline", f"points_{bad:g}", bytes([RAW, len(steps)]) + b"".join(steps) + tail)
     for corners in ("comb", "bow_tie", "corners_repeated", "in_one_line", "pentagram"):
         steps = [bytes([ADD]) + small((x, y, 0)) for x, y in LATTICE[corners]]
-        steps += [bytes([CLOSE, 0]), bytes([REVERSE]), bytes([RESIZE, 5]), bytes([RESIZE, 9]),
-                  bytes([RESIZE, 0])]
-        steps += [bytes([SET, axis]) + small([axis]) for axis in range(5)]
+        steps += [bytes([CLOSE, 0]), bytes([REVERSE])]
         for count in (len(LATTICE[corners]) + 1, len(steps)):
             tail = small((1, 1, 0)) + small([0]) + small([2]) + struct.pack("<i", 2**31 - 1) + b"1"
             save("polyline", f"{corners}_{count}",
