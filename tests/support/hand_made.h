@@ -17,13 +17,12 @@ class HandMade : public testing::Test {
   /// Vertices at the points, none of them joined, and so many half-edges to join them by.
   void Place(const Points& points, std::size_t edges) {
     points_ = points;
-    vertices_.clear();
-    for (const TPoint& p : points_) {
-      const int number = static_cast<int>(vertices_.size());
-      vertices_.push_back({{p.x, p.y}, &p, nullptr, number, number});
-    }
     state_.points = points_.data();
     state_.vertexCount = state_.pointCount = static_cast<int>(points_.size());
+    vertices_ = Generate(state_.pointCount, [this](int i) {
+      const TPoint& p = state_.points[i];
+      return TVertex{{p.x, p.y}, &p, nullptr, i, i};
+    });
     edges_.assign(edges, TEdge{});
     state_.freeEdges = nullptr;
     state_.unusedEdges = edges_.data();

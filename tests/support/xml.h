@@ -30,25 +30,25 @@ class Reader {
   /// not well-formed.
   std::vector<Element> Read() {
     for (std::string text = TakeUpTo("<"); !rest_.empty(); text = TakeUpTo("<")) {
-      Require(!open_.empty() || (text.empty() && elements_.empty()), "more than a root");
+      Require(!open_.empty() || (text.empty() && elements_.empty()));  // there is one root
       CheckText(text);
       Take("<");
       if (Take("/")) {
-        Require(TakeUpTo(">") == open_.back(), "the wrong end of an element");
+        Require(TakeUpTo(">") == open_.back());
         open_.pop_back();
       } else {
         Open();
       }
-      Require(Take(">"), "a tag that does not end");
+      Require(Take(">"));
     }
-    Require(open_.empty() && !elements_.empty(), "an element that does not end");
+    Require(open_.empty() && !elements_.empty());
     return std::move(elements_);
   }
 
  private:
-  void Require(bool condition, const std::string& reason) const {
-    if (!condition) {
-      throw std::runtime_error(reason + " before \"" + std::string(rest_.substr(0, 40)) + "\"");
+  void Require(bool isWellFormed) const {
+    if (!isWellFormed) {
+      throw std::runtime_error("a fault before \"" + std::string(rest_.substr(0, 40)) + "\"");
     }
   }
 
@@ -65,25 +65,23 @@ class Reader {
   }
 
   void CheckText(const std::string& text) const {
-    Require(text.find_first_of("<>") == std::string::npos, "a bare bracket");
+    Require(text.find_first_of("<>") == std::string::npos);
     for (std::size_t at = text.find('&'); at != std::string::npos; at = text.find('&', at + 1)) {
       const std::string reference = text.substr(at, text.find(';', at) - at);
-      Require(
-          reference == "&amp" || reference == "&lt" || reference == "&gt" || reference == "&quot",
-          "a bare ampersand");
+      Require(reference == "&amp" || reference == "&lt" || reference == "&gt" ||
+              reference == "&quot");
     }
   }
 
   void Open() {
     Element element{TakeUpTo(" />"), {}};
-    Require(!element.name.empty(), "no name");
+    Require(!element.name.empty());
     while (Take(" ")) {
       const std::string name = TakeUpTo(" =/><&\"");
-      Require(Take("=\""), "an attribute without a value");
+      Require(Take("=\""));
       const std::string value = TakeUpTo("\"");
       CheckText(value);
-      Require(Take("\"") && element.attributes.emplace(name, value).second,
-              "an attribute that does not end, or stands twice");
+      Require(Take("\"") && element.attributes.emplace(name, value).second);
     }
     if (!Take("/")) {
       open_.push_back(element.name);

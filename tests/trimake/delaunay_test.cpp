@@ -204,11 +204,7 @@ class Runs : public HandMade {
  protected:
   void PlaceRun(std::size_t edges) {
     std::mt19937 random(5);
-    Points points = Generate(200, [&](int) { return At(random() % 1000, random() % 1000); });
-    std::sort(points.begin(), points.end(), [](const TPoint& a, const TPoint& b) {
-      return a.x < b.x || (a.x == b.x && a.y < b.y);
-    });
-    Place(points, edges);
+    Place(Generate(200, [&](int i) { return At(i / 2, i % 2 + Uniform(random)); }), edges);
   }
 
   // Destinations around every vertex, beginning with the lowest-numbered.
