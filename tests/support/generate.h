@@ -2,9 +2,12 @@
 
 // What tests make their points of.
 
+#include <limits>
 #include <random>
 #include <vector>
 
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kTurn = 6.283185307179586;
 
 /// place(0) to place(n - 1).

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <set>
 
 #include "support/even_odd.h"
@@ -18,9 +17,6 @@ namespace {
 using namespace mesh;
 using namespace zyl::geometry::internal;
 using Corners = std::vector<std::array<int, 3>>;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 template <class X, class Y>
 TPoint At(X x, Y y) {

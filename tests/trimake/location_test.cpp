@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <tuple>
 
 #include "support/polygon.h"
@@ -15,8 +14,6 @@ using exact::Point2;
 using exact::Ring2;
 using mesh::Polygon;
 using Point3 = std::array<double, 3>;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 const rings::Plane kGround = {"ground", {0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
 const rings::Plane kPlate = {"ground, ten times as large", {0, 0, 0}, {10, 0, 0}, {0, 10, 0}};
