@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "predicates/predicates.h"
+#include "support/generate.h"
 #include "support/triangulation.h"
 #include "zyl/geometry/geometry.h"
 
@@ -165,7 +166,7 @@ void Polylines(Digest& digest, Numbers& numbers, int i) {
 // before.
 void AddBuild(Digest& digest, Numbers& numbers, int count, bool isWhole, int breaklines) {
   const auto next = [&] { return isWhole ? numbers.Below(60) : numbers.Far(); };
-  const mesh::Triangulation mesh = mesh::Triangulate(mesh::Generate(count, [&](int) {
+  const mesh::Triangulation mesh = mesh::Triangulate(Generate(count, [&](int) {
     return mesh::TPoint{next(), next(), numbers.Real(), numbers.Below(100) >= breaklines};
   }));
   digest.Add(mesh.result);
