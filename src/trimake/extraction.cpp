@@ -149,37 +149,47 @@ TIndex* CopyList(const TIndex* index, TIndex* copies) {
   return copies;
 }
 
-std::uint64_t CountReferences(const TTriangles& triangles) {
+// The edges that breaklines run along, as 3·triangle + k.
+struct Constrained {
+  MallocArray<std::size_t> edges;
+  std::size_t count;
+  std::uint64_t references;  // breakline segments along them, edge by edge
+};
+
+// In the mesh of a polygon every third edge or so is one, as good as at random: they are picked out
+// without a branch.
+Constrained FindConstrained(const TTriangles& triangles) {
   constexpr TInfo kNone{0, nullptr};
-  std::uint64_t references = 0;
-  for (std::size_t i = 0; i < 3 * triangles.count; ++i) {
+  const std::size_t all = 3 * triangles.count;
+  Constrained found{NewArray<std::size_t>(all, kOutOfMemory), 0, 0};
+  for (std::size_t i = 0; i < all; ++i) {
     const TInfo* const info = triangles.infos.get()[i];
-    references += static_cast<std::uint64_t>((info != nullptr ? info : &kNone)->count);
+    found.edges.get()[found.count] = i;
+    found.count += info != nullptr ? 1 : 0;
+    found.references += static_cast<std::uint64_t>((info != nullptr ? info : &kNone)->count);
   }
-  return references;
+  return found;
 }
 
 // The pairs of all triangles, and behind them the copied lists, in one allocation.
 MallocArray<char> CollectEdgeInfo(const TTriangles& triangles) {
-  const bool hasBreaklines = triangles.infos != nullptr;
+  Constrained constrained{nullptr, 0, 0};
+  if (triangles.infos != nullptr) {
+    constrained = FindConstrained(triangles);
+  }
   const std::uint64_t size = 3 * std::uint64_t{triangles.count} * sizeof(TEdgeInfo) +
-                             (hasBreaklines ? CountReferences(triangles) * sizeof(TIndex) : 0);
+                             constrained.references * sizeof(TIndex);
   if (size > PTRDIFF_MAX) {
     throw OutOfMemory(kOutOfMemory);
   }
-  if (!hasBreaklines) {
-    return NewZeroedArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
-  }
-  MallocArray<char> buffer = NewArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
+  MallocArray<char> buffer = NewZeroedArray<char>(static_cast<std::size_t>(size), kOutOfMemory);
   TEdgeInfo* const pairs = reinterpret_cast<TEdgeInfo*>(buffer.get());
   TIndex* copies = reinterpret_cast<TIndex*>(pairs + 3 * triangles.count);
-  for (std::size_t i = 0; i < 3 * triangles.count; ++i) {
-    const TInfo* const info = triangles.infos.get()[i];
-    pairs[i] = {0, nullptr};
-    if (info != nullptr) {
-      pairs[i] = {info->count, copies};
-      copies = CopyList(info->head, copies);
-    }
+  for (std::size_t i = 0; i < constrained.count; ++i) {
+    const std::size_t edge = constrained.edges.get()[i];
+    const TInfo* const info = triangles.infos.get()[edge];
+    pairs[edge] = {info->count, copies};
+    copies = CopyList(info->head, copies);
   }
   return buffer;
 }
