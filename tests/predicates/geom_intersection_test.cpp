@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <random>
 #include <set>
 
@@ -26,93 +27,74 @@ bool SamePoint(const Intersection& i, double x, double y) {
   return i.point.x == x && i.point.y == y;
 }
 
+// Twice the area between two vectors in the plane, as all of the oracles here are.
+double Cross(const Coord3D& u, const Coord3D& v) { return u.x * v.y - u.y * v.x; }
+
 // How two edges between integer points meet, from the parameters s and t at which their lines do:
 // no orientation test and no box. Parameters are fractions of `whole`.
-struct Meeting {
-  Intersection2D_e how = INTERSECT2D_NONE;
-  double x = 0, y = 0;  // where, if in one point
-};
-
-struct IntegerPoint {
-  int x, y;
-};
-
-int Cross(IntegerPoint u, IntegerPoint v) { return u.x * v.y - u.y * v.x; }
-int Dot(IntegerPoint u, IntegerPoint v) { return u.x * v.x + u.y * v.y; }
-IntegerPoint operator-(IntegerPoint p, IntegerPoint q) { return {p.x - q.x, p.y - q.y}; }
-
-Meeting AlongOneLine(IntegerPoint a, IntegerPoint b, IntegerPoint c, IntegerPoint d) {
-  const int whole = Dot(b - a, b - a);
-  const int atC = Dot(c - a, b - a), atD = Dot(d - a, b - a);
-  const int low = std::max(0, std::min(atC, atD)), high = std::min(whole, std::max(atC, atD));
-  if (low > high) {
-    return {};
+Intersection2D_e HowTheyMeetAlongOneLine(const Coord3D (&p)[4]) {
+  const Coord3D first = p[1] - p[0];
+  const double whole = first.Dot(first), atC = first.Dot(p[2] - p[0]), atD = first.Dot(p[3] - p[0]);
+  const double low = std::max(0.0, std::min(atC, atD)), high = std::min(whole, std::max(atC, atD));
+  if (low >= high) {
+    return low > high ? INTERSECT2D_NONE
+           : low == 0 ? INTERSECT2D_SHARED_FIRST_START
+                      : INTERSECT2D_SHARED_FIRST_END;
   }
-  if (low == high) {
-    return low == 0 ? Meeting{INTERSECT2D_SHARED_FIRST_START, 1.0 * a.x, 1.0 * a.y}
-                    : Meeting{INTERSECT2D_SHARED_FIRST_END, 1.0 * b.x, 1.0 * b.y};
-  }
-  const bool all = low == 0 && high == whole;
-  const bool allOfSecond = low == std::min(atC, atD) && high == std::max(atC, atD);
-  return {all           ? INTERSECT2D_FIRST_ON_SECOND
-          : allOfSecond ? INTERSECT2D_SECOND_ON_FIRST
-                        : INTERSECT2D_OVERLAP};
+  const bool allOfFirst = high - low == whole, allOfSecond = high - low == std::fabs(atC - atD);
+  return allOfFirst    ? INTERSECT2D_FIRST_ON_SECOND
+         : allOfSecond ? INTERSECT2D_SECOND_ON_FIRST
+                       : INTERSECT2D_OVERLAP;
 }
 
-Meeting HowTheyMeet(IntegerPoint a, IntegerPoint b, IntegerPoint c, IntegerPoint d) {
-  const IntegerPoint u = b - a, v = d - c, w = c - a;
-  if (Dot(u, u) == 0 || Dot(v, v) == 0) {
-    return {};
+Intersection2D_e HowTheyMeet(const Coord3D (&p)[4]) {
+  const Coord3D u = p[1] - p[0], v = p[3] - p[2], w = p[2] - p[0];
+  if (u == Coord3D() || v == Coord3D()) {
+    return INTERSECT2D_NONE;
   }
-  int whole = Cross(u, v);
+  const double whole = std::fabs(Cross(u, v)), sign = Cross(u, v) > 0 ? 1 : -1;
   if (whole == 0) {
-    return Cross(u, w) == 0 ? AlongOneLine(a, b, c, d) : Meeting{};
+    return Cross(u, w) == 0 ? HowTheyMeetAlongOneLine(p) : INTERSECT2D_NONE;
   }
-  const int sign = whole > 0 ? 1 : -1;
-  const int s = sign * Cross(w, v), t = sign * Cross(w, u);
-  whole *= sign;
+  const double s = sign * Cross(w, v), t = sign * Cross(w, u);
   if (s < 0 || s > whole || t < 0 || t > whole) {
-    return {};
+    return INTERSECT2D_NONE;
   }
-  const bool atStart = s == 0, atEnd = s == whole, atC = t == 0, atD = t == whole;
-  const Intersection2D_e how =
-      atStart ? (atC || atD ? INTERSECT2D_SHARED_FIRST_START : INTERSECT2D_FIRST_START)
-      : atEnd ? (atC || atD ? INTERSECT2D_SHARED_FIRST_END : INTERSECT2D_FIRST_END)
-      : atC   ? INTERSECT2D_SECOND_START
-      : atD   ? INTERSECT2D_SECOND_END
-              : INTERSECT2D_CROSSING;
-  return {how, a.x + u.x * (1.0 * s / whole), a.y + u.y * (1.0 * s / whole)};
-}
-
-bool IsOnePoint(Intersection2D_e how) {
-  return how == INTERSECT2D_CROSSING ||
-         (how >= INTERSECT2D_FIRST_START && how <= INTERSECT2D_SHARED_FIRST_END);
+  const bool shared = t == 0 || t == whole;
+  return s == 0       ? shared ? INTERSECT2D_SHARED_FIRST_START : INTERSECT2D_FIRST_START
+         : s == whole ? shared ? INTERSECT2D_SHARED_FIRST_END : INTERSECT2D_FIRST_END
+         : t == 0     ? INTERSECT2D_SECOND_START
+         : t == whole ? INTERSECT2D_SECOND_END
+                      : INTERSECT2D_CROSSING;
 }
 
 // All 390625 pairs of edges on a grid of 5 by 5, those without length among them.
 TEST_F(GeomIntersection, EveryPairOfEdgesOnAGridIsClassified) {
-  const Intersection untouched(-7, -7, -7, -7);
+  const std::map<Intersection2D_e, int> endWhereTheyMeet = {
+      {INTERSECT2D_FIRST_START, 0},  {INTERSECT2D_SHARED_FIRST_START, 0},
+      {INTERSECT2D_FIRST_END, 1},    {INTERSECT2D_SHARED_FIRST_END, 1},
+      {INTERSECT2D_SECOND_START, 2}, {INTERSECT2D_SECOND_END, 3}};
   std::set<Intersection2D_e> seen;
   for (int pair = 0; pair < 390625; ++pair) {
-    IntegerPoint p[4];
-    Coord3D q[4];
+    SCOPED_TRACE(pair);
+    Coord3D p[4], q[4];
     for (int i = 0, rest = pair; i < 4; ++i, rest /= 25) {
-      p[i] = {rest % 5, rest / 5 % 5};
-      q[i] = Coord3D(p[i].x, p[i].y, i * 100);
+      p[i] = Coord3D(rest % 5, rest / 5 % 5, 0);
+      q[i] = p[i] + Coord3D(0, 0, i * 100);  // heights do not count
     }
-    const Meeting expected = HowTheyMeet(p[0], p[1], p[2], p[3]);
-    Intersection out = untouched;
-    ASSERT_EQ(geom_EdgeIntersectEdge2D(q[0], q[1], q[2], q[3], out, 0), expected.how) << pair;
-    if (expected.how == INTERSECT2D_CROSSING) {
-      ASSERT_NEAR(out.point.x, expected.x, 2e-15) << pair;
-      ASSERT_NEAR(out.point.y, expected.y, 2e-15) << pair;
-    } else if (IsOnePoint(expected.how)) {
-      ASSERT_TRUE(SamePoint(out, expected.x, expected.y)) << pair;
+    const Intersection2D_e expected = HowTheyMeet(p);
+    seen.insert(expected);
+    Intersection out(-7, -7, -7, -7);
+    ASSERT_EQ(geom_EdgeIntersectEdge2D(q[0], q[1], q[2], q[3], out, 0), expected);
+    ASSERT_TRUE(out.point.z == -7 && out.parameter == -7);
+    if (expected == INTERSECT2D_CROSSING) {
+      ASSERT_NEAR(Cross(out.point - p[0], p[1] - p[0]), 0, 1e-14);
+      ASSERT_NEAR(Cross(out.point - p[2], p[3] - p[2]), 0, 1e-14);
     } else {
-      ASSERT_TRUE(SamePoint(out, -7, -7)) << pair;
+      const auto end = endWhereTheyMeet.find(expected);
+      const Coord3D where = end == endWhereTheyMeet.end() ? Coord3D(-7, -7, 0) : p[end->second];
+      ASSERT_TRUE(SamePoint(out, where.x, where.y));
     }
-    ASSERT_TRUE(out.point.z == -7 && out.parameter == -7) << pair;
-    seen.insert(expected.how);
   }
   EXPECT_EQ(seen.size(), 11u);  // all but INTERSECT2D_UNDEFINED
 }
@@ -128,20 +110,19 @@ TEST_F(GeomIntersection, CrossingPointIsTheSameBitsHoweverEdgesAreGiven) {
       // Some share x, so that y decides the order of their ends.
       q = Coord3D(450000 + std::round(4 * offset(rng)), 6500000 + offset(rng), 0);
     }
-    Intersection first;
-    if (geom_EdgeIntersectEdge2D(p[0], p[1], p[2], p[3], first, 0) != INTERSECT2D_CROSSING) {
-      continue;
-    }
-    ++crossings;
+    int crosses = 0;
+    std::set<Coord3D> points;
     for (int order = 0; order < 8; ++order) {
       const Coord3D* e = order & 4 ? p + 2 : p;
       const Coord3D* f = order & 4 ? p : p + 2;
       const int i = order & 1, j = order >> 1 & 1;
       Intersection out;
-      ASSERT_EQ(geom_EdgeIntersectEdge2D(e[i], e[1 - i], f[j], f[1 - j], out, 0),
-                INTERSECT2D_CROSSING);
-      ASSERT_TRUE(SamePoint(out, first.point.x, first.point.y)) << round << ", seed " << kSeed;
+      crosses +=
+          geom_EdgeIntersectEdge2D(e[i], e[1 - i], f[j], f[1 - j], out, 0) == INTERSECT2D_CROSSING;
+      points.insert(out.point);
     }
+    ASSERT_TRUE(points.size() == 1 && crosses % 8 == 0) << round << ", seed " << kSeed;
+    crossings += crosses / 8;
   }
   EXPECT_GT(crossings, 2000);
 }
@@ -178,35 +159,32 @@ TEST_F(GeomIntersection, NaNMeetsNothing) {
   EXPECT_EQ(geom_PointInside3Points(d, a, nan, c), ORIENT_OUTSIDE);
 }
 
-// Twice the signed areas that p makes with the edges: none negative, or none positive, within.
-Orientation_e PlaceInTriangle(IntegerPoint p, IntegerPoint a, IntegerPoint b, IntegerPoint c) {
-  for (const IntegerPoint& corner : {a, b, c}) {
-    if (corner.x == p.x && corner.y == p.y) {
-      return ORIENT_ON_VERTEX;
-    }
+// The areas that p makes with the edges: none negative, or none positive, within.
+Orientation_e PlaceInTriangle(const Coord3D (&p)[4]) {
+  if (p[0] == p[1] || p[0] == p[2] || p[0] == p[3]) {
+    return ORIENT_ON_VERTEX;
   }
-  const int area = Cross(b - a, c - a);
-  const int parts[] = {Cross(b - a, p - a), Cross(c - b, p - b), Cross(a - c, p - c)};
-  if (area == 0 || std::any_of(parts, parts + 3, [&](int part) { return part * area < 0; })) {
+  const Coord3D a = p[1] - p[0], b = p[2] - p[0], c = p[3] - p[0];
+  const auto [low, high] = std::minmax({Cross(a, b), Cross(b, c), Cross(c, a)});
+  if (Cross(b - a, c - a) == 0 || (low < 0 && high > 0)) {
     return ORIENT_OUTSIDE;
   }
-  return parts[0] * parts[1] * parts[2] == 0 ? ORIENT_ON_EDGE : ORIENT_INSIDE;
+  return Cross(a, b) * Cross(b, c) * Cross(c, a) == 0 ? ORIENT_ON_EDGE : ORIENT_INSIDE;
 }
 
 // All triangles and points on a grid of 4 by 4, seen along each axis.
 TEST_F(GeomIntersection, PointsArePlacedInEveryTriangleOnAGrid) {
   const Plane along[3] = {Plane(1, 0, 0, 0), Plane(0.1, -0.9, 0.3, 5), Plane(0, 0, -1, 0)};
   for (int all = 0; all < 65536; ++all) {
-    IntegerPoint p[4];
-    Coord3D q[3][4];
+    Coord3D p[4], q[3][4];
     for (int i = 0, rest = all; i < 4; ++i, rest /= 16) {
-      p[i] = {rest % 4, rest / 4 % 4};
-      const double u = p[i].x, v = p[i].y, height = (i * 37) % 11;
+      const double u = rest % 4, v = rest / 4 % 4, height = (i * 37) % 11;
+      p[i] = Coord3D(u, v, 0);
       q[0][i] = Coord3D(height, u, v);
       q[1][i] = Coord3D(u, height, v);
       q[2][i] = Coord3D(u, v, height);
     }
-    const Orientation_e expected = PlaceInTriangle(p[0], p[1], p[2], p[3]);
+    const Orientation_e expected = PlaceInTriangle(p);
     for (int axis = 0; axis < 3; ++axis) {
       const Coord3D* t = q[axis];
       ASSERT_EQ(geom_PointInside3Points(t[0], along[axis], t[1], t[2], t[3]), expected) << all;
@@ -224,58 +202,47 @@ TEST_F(GeomIntersection, PlaneOfTheTriangleItselfChoosesTheView) {
 
 // Without z the view along x wins a tie; with z, the view along z.
 TEST_F(GeomIntersection, TiesBetweenAxesAreSettled) {
-  const Coord3D a(0, 0, 0), b(-4, 4, 0), c(0, 0, 4);
-  Plane upright(1, 1, 0, 0);
+  const Coord3D a(0, 0, 0), b(-4, 4, 0), c(0, 0, 4), d(4, 0, 9), e(0, 4, -9);
+  const Plane upright(1, 1, 0, 0), diagonal(1, 1, 1, 0);
   EXPECT_EQ(geom_PointInside3Points(Coord3D(99, 1, 1), upright, a, b, c), ORIENT_INSIDE);
   EXPECT_EQ(geom_PointInside3Points(Coord3D(-1, 99, 1), upright, a, b, c), ORIENT_OUTSIDE);
-  const Coord3D d(4, 0, 9), e(0, 4, -9);
-  Plane diagonal(1, 1, 1, 0);
   EXPECT_EQ(geom_PointInside3Points(Coord3D(1, 1, 99), diagonal, a, d, e), ORIENT_INSIDE);
-
-  Coord3D p(1, 2, 3);
-  geom_TransformTo2D(upright, p);
-  EXPECT_EQ(p, Coord3D(1, 2, 3));
 }
 
 TEST_F(GeomIntersection, CoordinateAlongTheNormalGoesLast) {
-  const Coord3D p(1, 2, 3);
-  Coord3D out;
-  geom_TransformTo2D(p, Plane(-2, 1, 1, 0), out);
-  EXPECT_EQ(out, Coord3D(2, 3, 1));
-  geom_TransformTo2D(p, Plane(1, -2, 1, 0), out);
-  EXPECT_EQ(out, Coord3D(1, 3, 2));
-  geom_TransformTo2D(p, Plane(1, 1, -2, 0), out);
-  EXPECT_EQ(out, p);
-  Coord3D q = p;
-  geom_TransformTo2D(q, Plane(1, 0, 0, 0), q);
-  EXPECT_EQ(q, Coord3D(2, 3, 1));
-  geom_TransformTo2D(Plane(0, 1, 0, 0), q);
-  EXPECT_EQ(q, Coord3D(2, 1, 3));
+  const auto transformed = [](const Plane& plane) {
+    const Coord3D p(1, 2, 3);
+    Coord3D out, inPlace = p;
+    geom_TransformTo2D(p, plane, out);
+    geom_TransformTo2D(plane, inPlace);
+    EXPECT_EQ(inPlace, out);
+    return out;
+  };
+  EXPECT_EQ(transformed(Plane(-2, 1, 1, 0)), Coord3D(2, 3, 1));
+  EXPECT_EQ(transformed(Plane(1, -2, 1, 0)), Coord3D(1, 3, 2));
+  EXPECT_EQ(transformed(Plane(1, 1, -2, 0)), Coord3D(1, 2, 3));
+  EXPECT_EQ(transformed(Plane(1, 1, 0, 0)), Coord3D(1, 2, 3)) << "a tie";
 }
 
 TEST_F(GeomIntersection, RayHitsThePlaneOfItsLine) {
   const Coord3D plane[3] = {Coord3D(0, 0, 5), Coord3D(1, 0, 5), Coord3D(0, 1, 5)};
-  const Ray down(Coord3D(1, 2, 8), Direction(0, 0, -2));
+  const Ray down(Coord3D(1, 2, 8), Direction(0, 0, -2)),
+      level(Coord3D(1, 2, 5), Direction(3, 4, 0));
   Intersection out;
   EXPECT_EQ(geom_RayHitPlane(down, plane, out), 0);
-  EXPECT_EQ(out.point, Coord3D(1, 2, 5));
   EXPECT_EQ(out.parameter, 3);
+  EXPECT_EQ(geom_RayHitPlane(level, plane, out), -1);
+  EXPECT_EQ(out.parameter, -1);
   EXPECT_EQ(geom_RayHitPlane(down, plane[0], plane[1], plane[2], out), 0);
   EXPECT_EQ(out.parameter, 3);
-
-  out = Intersection(-7, -7, -7, -7);
-  const Ray level(Coord3D(1, 2, 5), Direction(3, 4, 0));
-  EXPECT_EQ(geom_RayHitPlane(level, Plane(0, 0, 1, -5), out), -1);
-  EXPECT_EQ(out.parameter, -1);
-  EXPECT_EQ(out.point, Coord3D(-7, -7, -7));
+  EXPECT_EQ(out.point, Coord3D(1, 2, 5));
 }
 
 TEST_F(GeomIntersection, SegmentHitsPlaneUpToBothEnds) {
-  const Plane plane(0, 0, 1, -5);
   Intersection out;
-  const auto hit = [&](const Coord3D& start, const Coord3D& end) {
+  const auto hit = [&out](const Coord3D& start, const Coord3D& end) {
     out = Intersection(-7, -7, -7, -7);
-    return geom_SegmentHitPlane(Segment(start, end), plane, out);
+    return geom_SegmentHitPlane(Segment(start, end), Plane(0, 0, 1, -5), out);
   };
   EXPECT_EQ(hit(Coord3D(0, 0, 1), Coord3D(0, 3, 5)), 0);
   EXPECT_EQ(out.point, Coord3D(0, 3, 5));

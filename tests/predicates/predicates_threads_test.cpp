@@ -15,25 +15,23 @@ namespace {
 using namespace zyl::geometry::internal;
 using exact::SignOf;
 
-// Beside the line through b and c, where the determinant in plain doubles has the wrong sign.
-const double kA[2] = {0.5 + std::ldexp(3, -53), 0.5 + std::ldexp(5, -53)};
-const double kB[2] = {12, 12};
-const double kC[2] = {24, 24};
-
-// The only test of its program: the state can be uninitialised but once.
+// The only test of its program: the state can be uninitialised but once. The points are beside a
+// line, where the determinant in plain doubles has the wrong sign.
 TEST(PredicateThreads, InitialisationMayRunBesidePredicates) {
   if (FLT_EVAL_METHOD != 0) {
     GTEST_SKIP() << "in wider registers each thread has to initialise for itself";
   }
-  const double plain = (kA[0] - kC[0]) * (kB[1] - kC[1]) - (kA[1] - kC[1]) * (kB[0] - kC[0]);
-  const int trueSign = exact::Orient2D(kA, kB, kC);
-  ASSERT_NE(SignOf(plain), trueSign);
+  const double a[2] = {0.5 + std::ldexp(3, -53), 0.5 + std::ldexp(5, -53)};
+  const double b[2] = {12, 12}, c[2] = {24, 24};
+  const double plain = (a[0] - c[0]) * (b[1] - c[1]) - (a[1] - c[1]) * (b[0] - c[0]);
+  const int sign = exact::Orient2D(a, b, c);
+  const auto isExact = [&] { return SignOf(orient2d(a, b, c)) == sign; };
   EXPECT_EQ(predicateState().ccwerrboundA, 0);
   EXPECT_EQ(predicateState().splitter, 0);
-  EXPECT_EQ(orient2d(kA, kB, kC), plain);
+  EXPECT_EQ(orient2d(a, b, c), plain);
+  ASSERT_FALSE(isExact());
 
-  std::atomic<int> started{0};
-  std::atomic<int> wrong{0};
+  std::atomic<int> started{0}, wrong{0};
   std::vector<std::thread> threads;
   for (int k = 0; k < 6; ++k) {
     threads.emplace_back([&, initialises = k % 2 == 0] {
@@ -46,9 +44,8 @@ TEST(PredicateThreads, InitialisationMayRunBesidePredicates) {
       }
       bool exactBefore = initialises;
       for (int i = 0; i < 20000; ++i) {
-        const bool isExact = SignOf(orient2d(kA, kB, kC)) == trueSign;
-        wrong += exactBefore && !isExact;
-        exactBefore = exactBefore || isExact;
+        wrong += exactBefore && !isExact();
+        exactBefore = exactBefore || isExact();
       }
     });
   }
@@ -56,7 +53,7 @@ TEST(PredicateThreads, InitialisationMayRunBesidePredicates) {
     thread.join();
   }
   EXPECT_EQ(wrong, 0);
-  EXPECT_EQ(SignOf(orient2d(kA, kB, kC)), trueSign);
+  EXPECT_TRUE(isExact());
 }
 
 }  // namespace
