@@ -18,8 +18,7 @@ using namespace zyl::geometry;
 using Points = std::vector<Point3D>;
 
 double Distance(const EncCircle& circle, const Point3D& p) {
-  const double dx = p.x - circle.x;
-  const double dy = p.y - circle.y;
+  const double dx = p.x - circle.x, dy = p.y - circle.y;
   return std::sqrt(dy * dy + dx * dx);
 }
 
@@ -29,18 +28,8 @@ void ExpectCircle(const EncCircle& circle, double x, double y, double radius) {
   EXPECT_DOUBLE_EQ(circle.radius, radius);
 }
 
-TEST(SmallestEnclosingCircle, OfAFewPoints) {
-  ExpectCircle(SmallestEnclosingCircle(Points{}), 0, 0, 0);
-  ExpectCircle(SmallestEnclosingCircle(Points{{0, 0, 0}, {4, 0, 0}, {2, 1, 9}}), 2, 0, 2);
-  ExpectCircle(SmallestEnclosingCircle(Points{{1, 0, 0}, {0, 0, 0}, {3, 0, 0}}), 1.5, 0, 1.5);
-  ExpectCircle(SmallestEnclosingCircle(Points{{-3, 4, 0}, {3, 4, 0}, {0, -5, 0}}), 0, 0, 5);
-  ExpectCircle(SmallestEnclosingCircle(Points(5, Point3D(7, 8, 9))), 7, 8, 0);
-}
-
 TEST(SmallestEnclosingCircle, OfArraysDropsAClosingPoint) {
-  double x[] = {0, 4, 0};
-  double y[] = {0, 2, 0};
-  double z[] = {1, 1, 1};
+  double x[] = {0, 4, 0}, y[] = {0, 2, 0}, z[] = {1, 1, 1};
   const Points points = {{0, 0, 1}, {4, 2, 1}, {0, 0, 1}};
   for (const EncCircle& circle :
        {SmallestEnclosingCircle(3, x, y, z), SmallestEnclosingCircle(3, points.data()),
@@ -48,6 +37,7 @@ TEST(SmallestEnclosingCircle, OfArraysDropsAClosingPoint) {
     ExpectCircle(circle, 2, 1, std::sqrt(5.0));
   }
   ExpectCircle(SmallestEnclosingCircle(0, nullptr), 0, 0, 0);
+  ExpectCircle(SmallestEnclosingCircle(Points{}), 0, 0, 0);
 }
 
 // A point set of one of six shapes about the size of 1, moved by `offset`.
@@ -72,41 +62,20 @@ Points Draw(int shape, int count, double offset, std::mt19937_64& random) {
   return points;
 }
 
-// What is promised of coordinates about `offset`.
-double Tolerance(double offset, double radius) {
-  return 64 * (std::nextafter(offset + 1, 1e300) - (offset + 1)) + 1e-9 * radius;
-}
-
-double MostOutside(const Points& points, const EncCircle& circle) {
-  double most = 0;
-  for (const Point3D& p : points) {
-    most = std::max(most, Distance(circle, p) - circle.radius);
-  }
-  return most;
-}
-
 TEST(SmallestEnclosingCircle, IsThatOfAnExactSearchThroughAllPairsAndTriples) {
   std::mt19937_64 random(40);
   for (const double offset : {0.0, 1.0, 1e4, 1e6, 1e7}) {
     for (int run = 0; run < 300; ++run) {
-      const Points points = Draw(run % 6, 1 + run % 8, offset, random);
+      SCOPED_TRACE(testing::Message() << "seed 40, " << offset << ' ' << run);
+      const Points points = Draw(run % 6, run % 25 == 0 ? 24 : 1 + run % 8, offset, random);
       const EncCircle circle = SmallestEnclosingCircle(points);
-      const double tolerance = Tolerance(offset, circle.radius);
-      ASSERT_LE(MostOutside(points, circle), tolerance) << offset << ' ' << run;
-      ASSERT_NEAR(circle.radius, exact::SmallestRadius(points), tolerance) << offset << ' ' << run;
+      const double ulp = std::nextafter(offset + 1, 1e300) - (offset + 1);
+      const double promised = 64 * ulp + 1e-9 * circle.radius;
+      ASSERT_NEAR(circle.radius, exact::SmallestRadius(points), promised);
+      for (const Point3D& p : points) {
+        ASSERT_LE(Distance(circle, p), circle.radius + promised);
+      }
     }
-  }
-}
-
-TEST(SmallestEnclosingCircle, KeepsItsSizeWhenTheSiteIsMoved) {
-  std::mt19937_64 random(43);
-  for (int run = 0; run < 60; ++run) {
-    std::mt19937_64 again = random;
-    const EncCircle near = SmallestEnclosingCircle(Draw(run % 6, 1000, 0, random));
-    const Points points = Draw(run % 6, 1000, 1e7, again);
-    const EncCircle far = SmallestEnclosingCircle(points);
-    ASSERT_LE(MostOutside(points, far), Tolerance(1e7, 1)) << run;
-    ASSERT_NEAR(far.radius, near.radius, Tolerance(1e7, 1)) << run;
   }
 }
 
@@ -146,12 +115,11 @@ bool PlainIteration(const Points& p, EncCircle& circle) {
 // Whether the plain iteration ends, and then its answer is expected to the last bit.
 bool ExpectPlain(const Points& points) {
   EncCircle plain;
-  if (!PlainIteration(points, plain)) {
-    return false;
-  }
+  const bool ends = PlainIteration(points, plain);
   const EncCircle circle = SmallestEnclosingCircle(points);
-  EXPECT_TRUE(circle.x == plain.x && circle.y == plain.y && circle.radius == plain.radius);
-  return true;
+  EXPECT_TRUE(!ends ||
+              (circle.x == plain.x && circle.y == plain.y && circle.radius == plain.radius));
+  return ends;
 }
 
 TEST(SmallestEnclosingCircle, IsThatOfThePlainIterationBitForBitWhereThatEnds) {
@@ -159,7 +127,7 @@ TEST(SmallestEnclosingCircle, IsThatOfThePlainIterationBitForBitWhereThatEnds) {
   int ended = 0;
   for (const double offset : {0.0, 1e4, 1e7, 1e13, 1e15}) {
     for (int run = 0; run < 1200; ++run) {
-      ended += ExpectPlain(Draw(run % 6, 4 + run % 30, offset, random)) ? 1 : 0;
+      ended += ExpectPlain(Draw(run % 6, 4 + run % 30, offset, random));
       ASSERT_FALSE(HasFailure()) << "seed 41, " << offset << ' ' << run;
     }
   }
@@ -186,9 +154,8 @@ TEST(SmallestEnclosingCircle, AnswersWhateverTheCoordinates) {
     }
     SmallestEnclosingCircle(points);  // ends
   }
-  ExpectCircle(SmallestEnclosingCircle(
-                   Points{{1, 0, 0}, {0, 0, 0}, {2, 0, 0}, {kNaN, kNaN, 0}, {1, 0.5, 0}}),
-               1, 0, 1);
+  const Points one = {{1, 0, 0}, {0, 0, 0}, {2, 0, 0}, {kNaN, kNaN, 0}, {1, 0.5, 0}};
+  ExpectCircle(SmallestEnclosingCircle(one), 1, 0, 1);
 }
 
 }  // namespace

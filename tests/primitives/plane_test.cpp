@@ -18,18 +18,9 @@ using Fields = std::array<double, 4>;
 
 Fields FieldsOf(const Plane& p) { return {p.a, p.b, p.c, p.d}; }
 
-// By reference, because returning a plane may copy and so normalise it.
-void SetFields(Plane& plane, const Fields& fields) {
-  plane.a = fields[0];
-  plane.b = fields[1];
-  plane.c = fields[2];
-  plane.d = fields[3];
-}
-
 void ExpectNear(const Plane& plane, const Fields& expected, double tolerance) {
-  const Fields fields = FieldsOf(plane);
   for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_NEAR(fields[i], expected[i], tolerance) << i;
+    EXPECT_NEAR(FieldsOf(plane)[i], expected[i], tolerance) << i;
   }
 }
 
@@ -46,28 +37,26 @@ TEST(Plane, ConstructorsBringTheNormalToUnitLength) {
 }
 
 TEST(Plane, AZeroNormalStaysAndIsReportedByNormalizeAlone) {
-  Plane none(0, 0, 0, 5);
-  EXPECT_EQ(none.Normalize(), -1);
-  EXPECT_EQ(Coord3D(1, 2, 3).Project(none), Coord3D(1, 2, 3));
-  const Plane collinear(Coord3D(1, 1, 1), Coord3D(2, 2, 2), Coord3D(4, 4, 4));
-  EXPECT_EQ(FieldsOf(collinear), (Fields{0, 0, 0, 0}));
-  SetFields(none, {0, 3, 4, 10});
-  EXPECT_EQ(none.Normalize(), 0);
+  Plane plane(Coord3D(1, 1, 1), Coord3D(2, 2, 2), Coord3D(4, 4, 4));  // in line
+  EXPECT_EQ(FieldsOf(plane), (Fields{0, 0, 0, 0}));
+  EXPECT_EQ(plane.Normalize(), -1);
+  EXPECT_EQ(Coord3D(1, 2, 3).Project(plane), Coord3D(1, 2, 3));
+  plane.c = 2;
+  EXPECT_EQ(plane.Normalize(), 0);
 }
 
 TEST(Plane, MovesAndReversesAndMeasuresFromItsPositiveSide) {
-  Plane plane(0, 0, 1, -2);
+  Plane plane(2, -1, 2, 12);  // normal (2/3, -1/3, 2/3), d = 4
+  const Coord3D p(1, 2, 3);
   plane.Move(3);
-  EXPECT_EQ(FieldsOf(plane), (Fields{0, 0, 1, -5}));
-  EXPECT_EQ(plane.Distance(Coord3D(1, 1, 1), false), -4);
-  EXPECT_EQ(plane.Distance(Coord3D(1, 1, 1), true), 4);
+  EXPECT_DOUBLE_EQ(plane.Distance(p, false), 3);
   plane.Reverse();
-  EXPECT_EQ(FieldsOf(plane), (Fields{0, 0, -1, 5}));
-  EXPECT_EQ(plane.Orientation(Coord3D(1, 1, 1)), 4);
-  Matrix4 toZUp;
-  Matrix4 fromZUp;
+  ExpectNear(plane, {-2 / 3.0, 1 / 3.0, -2 / 3.0, -1}, 1e-15);
+  EXPECT_DOUBLE_EQ(plane.Orientation(p), -3);
+  EXPECT_DOUBLE_EQ(plane.Distance(p, true), 3);
+  Matrix4 toZUp, fromZUp;
   plane.GetZUpTransform(toZUp, fromZUp);
-  EXPECT_EQ(toZUp * Coord3D(0, 0, -1), Coord3D(0, 0, 1));
+  EXPECT_NEAR((toZUp * plane.Normal()).Distance(Coord3D(0, 0, 1)), 0, 1e-15);
 }
 
 // The normal leans by the dip towards the bearing strike + 90°.
@@ -93,12 +82,12 @@ TEST(Plane, IntersectLeavesItsOutputsWherePlanesAreNearlyParallel) {
   Direction direction(7, 7, 7);
   Point3D point(8, 8, 8);
   const Plane level(0, 0, 1, 0);
-  Plane tilted;
-  SetFields(tilted, {0.99e-5, 0, 1, 0});
+  Plane tilted = level;
+  tilted.a = 0.99e-5;
   EXPECT_FALSE(level.Intersect(tilted, direction, point));
   EXPECT_EQ(direction.x, 7);
   EXPECT_EQ(point, Point3D(8, 8, 8));
-  SetFields(tilted, {1e-5, 0, 1, 0});  // the bound itself is not below it
+  tilted.a = 1e-5;  // the bound itself is not below it
   EXPECT_TRUE(level.Intersect(tilted, direction, point));
 }
 
@@ -130,8 +119,7 @@ TEST_F(RandomPlanes, AreCarriedLikeTheirPoints) {
     m.Rotate(i, Point());
     m.Translate(Point());
     m.Scale(2.5);
-    const Plane carried = m * Plane(p);
-    ExpectNear(carried, FieldsOf(Plane(m * p[0], m * p[1], m * p[2])), 1e-11);
+    ExpectNear(m * Plane(p), FieldsOf(Plane(m * p[0], m * p[1], m * p[2])), 1e-11);
   }
 }
 

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 
 #include "support/nearest.h"
+#include "support/seeded.h"
 #include "support/wide_distance.h"
 
 namespace {
@@ -30,31 +30,21 @@ TEST(Intersection, HoldsAPointAndAParameter) {
   EXPECT_EQ(Intersection(Coord3D(5, 6, 7), 8).parameter, 8);
 }
 
-TEST(Segment, MeasuresItsAngleWithAnother) {
-  EXPECT_EQ(Along(0, 10).AngleBetween(Along(0, -1)), kPi);
+// Dividing by the length leaves some of these unit vectors a little too long, so that their cosine
+// with themselves is beyond 1, and with the reverse of themselves below −1.
+TEST(Segment, MeasuresItsAngleWithAnotherAlsoIfTheyAreParallel) {
+  for (int i = 1; i <= 100; ++i) {
+    const Coord3D end(i, 0.1 * i * i, 0.7);
+    EXPECT_NEAR(Segment(Coord3D(), end).AngleBetween(Segment(end, Coord3D())), kPi, 3e-8);
+    EXPECT_NEAR(Segment(Coord3D(), end).AngleBetween(Segment(Coord3D(), end)), 0, 3e-8);
+  }
   EXPECT_EQ(Along(0, 10).AngleBetween(Segment(Point3D(0, 0, 0), Point3D(0, 5, 0))), kPi / 2);
   EXPECT_TRUE(std::isnan(Along(0, 10).AngleBetween(Segment())));
 }
 
-// Dividing by the length leaves some of these unit vectors a little too long, so that their cosine
-// with the reverse of themselves falls below −1.
-TEST(Segment, AntiParallelSegmentsAreNeverOutsideTheDomainOfTheArcCosine) {
-  int beyond = 0;
-  for (int i = 1; i <= 100; ++i) {
-    const Coord3D end(i, 0.1 * i * i, 0.7);
-    Coord3D unit = end;
-    unit.Normalise();
-    beyond += unit.Dot(unit) > 1.0;
-    EXPECT_NEAR(Segment(Coord3D(), end).AngleBetween(Segment(end, Coord3D())), kPi, 3e-8);
-    EXPECT_NEAR(Segment(Coord3D(), end).AngleBetween(Segment(Coord3D(), end)), 0, 3e-8);
-  }
-  EXPECT_GT(beyond, 5);
-}
-
 // 1e-9 beside the line the cosine is rounded to 1: it is the angle that is measured.
 TEST(Segment, DistanceAlongGoesThroughTheAngleAndBeyondTheEnds) {
-  double distance;
-  double along;
+  double distance, along;
   Along(0, 10).DistanceAlong(Coord3D(1, 1e-9, 0), distance, along);
   EXPECT_EQ(distance, 0);
   EXPECT_EQ(along, 1);
@@ -71,39 +61,31 @@ TEST(Segment, TheStartItselfAndZeroLengthGiveNaN) {
   EXPECT_EQ(NearestTo(Along(1, 10), Coord3D(10, 0, 0)).distance, 0);
 }
 
-TEST(Segment, OfParallelSegmentsTheStartOrTheNearerEndIsGiven) {
-  const Nearest beside = NearestTo(Along(0, 10), Segment(Coord3D(0, 2, 0), Coord3D(10, 2, 0)));
-  EXPECT_EQ(beside.point, Coord3D(0, 0, 0));
-  EXPECT_EQ(beside.distance, 2);
-  const Nearest inLine = NearestTo(Along(0, 10), Along(12, 15));
-  EXPECT_EQ(inLine.point, Coord3D(10, 0, 0));
-  EXPECT_EQ(inLine.distance, 2);
-}
-
-// |v|² is 9e-8 for the shorter one and 1.6e-7 for the longer.
-TEST(Segment, ThresholdsBetweenSegmentsAreAbsolute) {
+// |v|² is 9e-8 for the shorter one and 1.6e-7 for the longer: thresholds are absolute.
+TEST(Segment, NearestToOneThatIsParallelOrShort) {
+  const auto expect = [](const Segment& one, const Segment& other, double x, double distance) {
+    const Nearest nearest = NearestTo(one, other);
+    EXPECT_EQ(nearest.point, Coord3D(x, 0, 0));
+    EXPECT_NEAR(nearest.distance, distance, 1e-15);
+  };
+  expect(Along(0, 10), Segment(Coord3D(0, 2, 0), Coord3D(10, 2, 0)), 0, 2);
+  expect(Along(0, 10), Along(12, 15), 10, 2);
   const Coord3D above(0.5, 1, 0);
-  const Nearest shorter = NearestTo(Along(0, 1), Segment(above, Coord3D(0.5, 1 - 3e-4, 0)));
-  EXPECT_EQ(shorter.point, Coord3D(0.5, 0, 0));
-  EXPECT_EQ(shorter.distance, 1);  // to its start, although its end is nearer
-  const Nearest longer = NearestTo(Along(0, 1), Segment(above, Coord3D(0.5, 1 - 4e-4, 0)));
-  EXPECT_NEAR(longer.distance, 1 - 4e-4, 1e-15);
+  expect(Along(0, 1), Segment(above, Coord3D(0.5, 1 - 3e-4, 0)), 0.5, 1);  // to its start
+  expect(Along(0, 1), Segment(above, Coord3D(0.5, 1 - 4e-4, 0)), 0.5, 1 - 4e-4);
 }
 
-TEST(Segment, NearestPointsAgreeWithAWiderSearch) {
-  constexpr unsigned kSeed = 34;
-  SCOPED_TRACE(kSeed);
-  std::mt19937 random(kSeed);
-  std::uniform_int_distribution<int> tenths(-50, 50);  // coarse, so that many cases are degenerate
-  const auto point = [&] { return Coord3D(tenths(random), tenths(random), tenths(random)) * 0.1; };
+using Segments = Seeded<34>;
+
+TEST_F(Segments, HaveTheNearestPointsOfAWiderSearch) {
   for (int i = 0; i < 3000; ++i) {
-    Segment one(point(), point());
-    Segment other(point(), point());
+    const Segment one(WholePoint() * 0.9, WholePoint() * 0.9);
+    Segment other(WholePoint() * 0.9, WholePoint() * 0.9);
+    const Coord3D p = WholePoint() * 0.9;
     if (i % 3 == 0) {
       other.end = other.start + (one.end - one.start) * 0.5;  // parallel
     }
-    const Coord3D p = point();
-    if (one.Length() < 0.5 || other.Length() < 0.5 || p == one.start) {
+    if (one.Length() == 0 || other.Length() == 0 || p == one.start) {
       continue;
     }
     const Nearest toPoint = NearestTo(one, p);

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 #include "support/exact.h"
 #include "support/nearest.h"
@@ -25,33 +24,27 @@ Triangle Corner(double dx = 0, double dy = 0, double dz = 0) {
   return {Point3D(dx, dy, dz), Point3D(4 + dx, dy, dz), Point3D(dx, 4 + dy, dz)};
 }
 
-// Whole numbers, few enough that many cases are degenerate.
-struct TriangleQueries : Seeded<35> {
-  TriangleQueries() { geom_Init(); }
+struct Triangles : Seeded<35> {
+  Triangles() { geom_Init(); }
 
-  Coord3D Point() {
-    std::uniform_int_distribution<int> uniform(-5, 5);
-    return Coord3D(uniform(random), uniform(random), uniform(random));
-  }
-  Triangle Any() { return {Point3D(Point()), Point3D(Point()), Point3D(Point())}; }
+  Triangle Any() { return {Point3D(WholePoint()), Point3D(WholePoint()), Point3D(WholePoint())}; }
 };
 
-TEST_F(TriangleQueries, ExtentAndPlaneFollowTheVertices) {
+TEST_F(Triangles, HaveTheExtentAndThePlaneOfTheirVertices) {
   const Triangle triangle{Point3D(0, 5, -1), Point3D(3, -2, 4), Point3D(1, 1, 1)};
-  EXPECT_EQ(triangle.GetExtent().min, Coord3D(0, -2, -1));
-  EXPECT_EQ(triangle.GetExtent().max, Coord3D(3, 5, 4));
+  EXPECT_EQ(Extent(triangle.GetExtent()), Extent(0, -2, -1, 3, 5, 4));
   EXPECT_EQ(Plane(Corner(1, 1, 5)).Normal(), Coord3D(0, 0, 1));
   EXPECT_EQ(Plane(Corner(1, 1, 5)).d, -5);
 }
 
 // In most tilted planes the vertex is not its own projection, and the edge that starts there
 // answers NaN.
-TEST_F(TriangleQueries, AVertexIsAtDistanceZeroInAnyPlane) {
+TEST_F(Triangles, AreAtDistanceZeroFromTheirVertices) {
   for (int i = 0; i < 500; ++i) {
     const Triangle triangle = Any();
-    for (const Point3D& vertex : {triangle.p0, triangle.p1, triangle.p2}) {
-      const Nearest nearest = NearestTo(triangle, Coord3D(vertex));
-      ASSERT_EQ(nearest.point, Coord3D(vertex));
+    for (const Coord3D vertex : {triangle.p0, triangle.p1, triangle.p2}) {
+      const Nearest nearest = NearestTo(triangle, vertex);
+      ASSERT_EQ(nearest.point, vertex);
       ASSERT_EQ(nearest.distance, 0);
     }
   }
@@ -59,10 +52,10 @@ TEST_F(TriangleQueries, AVertexIsAtDistanceZeroInAnyPlane) {
 
 // A search takes some milliseconds, the more so from a segment. Beside an edge the distance goes
 // through an angle, which holds half of the digits; the point does not.
-TEST_F(TriangleQueries, NearestPointsAgreeWithASearch) {
+TEST_F(Triangles, HaveTheNearestPointsOfASearch) {
   for (int i = 0; i < 500; ++i) {
     const Triangle triangle = Any();
-    const Segment segment(Point(), Point());
+    const Segment segment(WholePoint(), WholePoint());
     if (Plane(triangle).Normal() == Coord3D() || segment.Length() == 0) {
       continue;
     }
@@ -81,57 +74,46 @@ TEST_F(TriangleQueries, NearestPointsAgreeWithASearch) {
   }
 }
 
-TEST_F(TriangleQueries, IntersectIncludesBordersAndEndsAndExcludesThePlane) {
+TEST_F(Triangles, AreMetAtTheirBordersAndByEndsButNotInTheirPlane) {
   const auto meets = [](const Coord3D& a, const Coord3D& b) {
     const bool met = Corner().Intersect(Segment(a, b));
     EXPECT_TRUE(!met || Corner().Distance(Segment(a, b)) == 0);
     return met;
   };
   EXPECT_TRUE(meets(Coord3D(1, 1, -1), Coord3D(1, 1, 1)));
-  EXPECT_TRUE(meets(Coord3D(2, 2, -1), Coord3D(2, 2, 1)));   // edge
-  EXPECT_TRUE(meets(Coord3D(4, 0, -1), Coord3D(4, 0, 1)));   // vertex
-  EXPECT_TRUE(meets(Coord3D(1, 1, 1), Coord3D(1, 1, 0)));    // end
-  EXPECT_FALSE(meets(Coord3D(-1, 1, 0), Coord3D(9, 1, 0)));  // in the plane
-  EXPECT_FALSE(meets(Coord3D(1, 1, 0), Coord3D(1, 1, 0)));   // no length
+  EXPECT_TRUE(meets(Coord3D(2, 2, -1), Coord3D(2, 2, 1))) << "edge";
+  EXPECT_TRUE(meets(Coord3D(4, 0, -1), Coord3D(4, 0, 1))) << "vertex";
+  EXPECT_TRUE(meets(Coord3D(1, 1, 1), Coord3D(1, 1, 0))) << "end";
+  EXPECT_FALSE(meets(Coord3D(-1, 1, 0), Coord3D(9, 1, 0))) << "in the plane";
+  EXPECT_FALSE(meets(Coord3D(1, 1, 0), Coord3D(1, 1, 0))) << "no length";
 }
 
 // 1 or 0, or -1 where the segment touches the plane or an edge and rounding may decide.
-int ExactlyPasses(const Segment& s, const Triangle& t) {
+int ExactlyPasses(const Segment& s, const Coord3D (&v)[3]) {
   const auto side = [](const Coord3D& a, const Coord3D& b, const Coord3D& c, const Coord3D& d) {
     return exact::Orient3D(&a.x, &b.x, &c.x, &d.x);
   };
-  const Coord3D v[3] = {t.p0, t.p1, t.p2};
-  const int start = side(v[0], v[1], v[2], s.start);
-  const int end = side(v[0], v[1], v[2], s.end);
-  if (start == 0 || end == 0) {
-    return -1;
+  const int ends = side(v[0], v[1], v[2], s.start) * side(v[0], v[1], v[2], s.end);
+  if (ends >= 0) {
+    return ends == 0 ? -1 : 0;
   }
-  if (start == end) {
-    return 0;
-  }
-  int sum = 0;
-  for (int i = 0; i < 3; ++i) {
-    const int around = side(s.start, s.end, v[i], v[(i + 1) % 3]);
-    if (around == 0) {
-      return -1;
-    }
-    sum += around;
-  }
-  return sum == 3 || sum == -3;
+  const int round[] = {side(s.start, s.end, v[0], v[1]), side(s.start, s.end, v[1], v[2]),
+                       side(s.start, s.end, v[2], v[0])};
+  const int sum = round[0] + round[1] + round[2];
+  return round[0] * round[1] * round[2] == 0 ? -1 : sum == 3 || sum == -3;
 }
 
-TEST_F(TriangleQueries, ContactsAgreeWithExactSigns) {
+TEST_F(Triangles, MeetAsExactSignsTell) {
   int touching = 0;
   for (int i = 0; i < 1000; ++i) {
     Triangle pair[2] = {Any(), Any()};
-    bool any = false;
-    bool certain = true;
+    bool any = false, certain = true;
     for (int k = 0; k < 6; ++k) {
       Triangle& face = pair[k % 2];
       const Triangle& other = pair[1 - k % 2];
-      const Coord3D v[3] = {other.p0, other.p1, other.p2};
-      const Segment edge(v[k / 2], v[(k / 2 + 1) % 3]);
-      const int passes = ExactlyPasses(edge, face);
+      const Coord3D v[3] = {face.p0, face.p1, face.p2}, w[3] = {other.p0, other.p1, other.p2};
+      const Segment edge(w[k / 2], w[(k / 2 + 1) % 3]);
+      const int passes = ExactlyPasses(edge, v);
       ASSERT_TRUE(passes < 0 || face.Intersect(edge) == (passes == 1));
       any |= passes == 1;
       certain &= passes >= 0;
@@ -142,7 +124,7 @@ TEST_F(TriangleQueries, ContactsAgreeWithExactSigns) {
   EXPECT_GT(touching, 100);
 }
 
-TEST_F(TriangleQueries, ATriangleWithoutAreaIsMetByNothingAndStillHasNearestPoints) {
+TEST_F(Triangles, WithoutAreaAreMetByNothingAndStillHaveNearestPoints) {
   Triangle flat{Point3D(0, 0, 0), Point3D(4, 0, 0), Point3D(2, 0, 0)};
   EXPECT_FALSE(flat.Intersect(Segment(Coord3D(1, 0, -1), Coord3D(1, 0, 1))));
   EXPECT_NEAR(flat.Distance(Coord3D(3, 2, 0)), 2, 4e-15);
@@ -152,7 +134,7 @@ TEST_F(TriangleQueries, ATriangleWithoutAreaIsMetByNothingAndStillHasNearestPoin
   EXPECT_EQ(flat.Distance(Coord3D(0, 3, 4)), 5);
 }
 
-TEST_F(TriangleQueries, NaNGivesNaN) {
+TEST_F(Triangles, AnswerNaNWithNaN) {
   EXPECT_TRUE(std::isnan(Corner().Distance(Coord3D(1, kNaN, 5))));
   EXPECT_TRUE(std::isnan(Corner(kNaN).Distance(Coord3D(1, 1, 5))));
   EXPECT_FALSE(Corner().Intersect(Segment(Coord3D(1, 1, kNaN), Coord3D(1, kNaN, 1))));
