@@ -30,8 +30,7 @@ TEST_F(VectorTransforms, ZUpOfTheAxesAndOfNothing) {
 TEST_F(VectorTransforms, ZUpIsARotationAboutYAndThenX) {
   for (int i = 0; i < 500; ++i) {
     const Coord3D v = Point();
-    Matrix4 to;
-    Matrix4 from;
+    Matrix4 to, from;
     v.GetZUpTransform(to, from);
     ASSERT_NEAR((to * v).Distance(Coord3D(0, 0, v.Magnitude())), 0, 1e-14);
     ASSERT_NEAR((from * (to * Coord3D(1, 2, 3))).Distance(Coord3D(1, 2, 3)), 0, 4e-15);
@@ -43,13 +42,8 @@ TEST_F(VectorTransforms, ZUpIsARotationAboutYAndThenX) {
 }
 
 TEST_F(VectorTransforms, SquaredDistanceUnderAMatrixMeasuresTheMappedDifference) {
-  Coord3D p(3, 1, 1);
-  const Coord3D q(1, 2, 4);
-  Matrix3 m;
-  EXPECT_EQ(p.SquaredDistance(q, m), 14);
-  m[0][0] = 2;
-  m[0][1] = 1;  // rows, not columns: (2·2 − 1)² + 1 + 9
-  EXPECT_EQ(p.SquaredDistance(q, m), 19);
+  const double m[9] = {2, 1, 0, 0, 1, 0, 0, 0, 1};  // rows, not columns: (2·2 − 1)² + 1 + 9
+  EXPECT_EQ(Coord3D(3, 1, 1).SquaredDistance(Coord3D(1, 2, 4), Matrix3(m)), 19);
 }
 
 // Rodrigues' formula and the turned frame have nothing in common but the result.

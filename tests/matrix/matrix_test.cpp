@@ -1,12 +1,14 @@
-#include "zyl/geometry/square_matrix.h"
+// Matrices: what both classes promise, and then what each has of its own.
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <random>
 #include <type_traits>
 
+#include "support/seeded.h"
 #include "zyl/geometry/matrix3.h"
 #include "zyl/geometry/matrix4.h"
 
@@ -14,37 +16,24 @@ namespace {
 
 using namespace zyl::geometry;
 
-// What both classes promise. Whole numbers keep the arithmetic exact, so that the laws of matrices
-// hold to the last bit.
+constexpr double kPi = 3.141592653589793;
+
+// Whole numbers keep the arithmetic exact, so that the laws of matrices hold to the last bit.
 template <typename Matrix>
-class SquareMatrix : public testing::Test {
- protected:
+struct SquareMatrix : Seeded<21> {
   static constexpr int kN = std::is_same_v<Matrix, Matrix3> ? 3 : 4;
 
   Matrix Random(int limit) {
     std::uniform_int_distribution<int> entry(-limit, limit);
     Matrix a;
     for (int i = 0; i < kN * kN; ++i) {
-      a[i / kN][i % kN] = entry(random_);
+      a[i / kN][i % kN] = entry(random);
     }
     return a;
   }
-
- private:
-  static constexpr unsigned kSeed = 21;
-  testing::ScopedTrace trace_{__FILE__, __LINE__, kSeed};
-  std::mt19937 random_{kSeed};
 };
-
-struct Names {
-  template <typename Matrix>
-  static const char* GetName(int) {
-    return std::is_same_v<Matrix, Matrix3> ? "Matrix3" : "Matrix4";
-  }
-};
-
 using Matrices = testing::Types<Matrix3, Matrix4>;
-TYPED_TEST_SUITE(SquareMatrix, Matrices, Names);
+TYPED_TEST_SUITE(SquareMatrix, Matrices, );
 
 template <typename Matrix>
 Matrix Transposed(Matrix a) {
@@ -73,17 +62,14 @@ TYPED_TEST(SquareMatrix, SetColumnWritesARowAndGetColumnReadsAColumn) {
   TypeParam b = a;
   b.SetColumn(1, a.GetColumn(2));
   for (int k = 0; k < TestFixture::kN * TestFixture::kN; ++k) {
-    const int r = k / TestFixture::kN;
-    const int c = k % TestFixture::kN;
+    const int r = k / TestFixture::kN, c = k % TestFixture::kN;
     ASSERT_EQ(b[r][c], r == 1 ? a[c][2] : a[r][c]);
   }
 }
 
 TYPED_TEST(SquareMatrix, ObeysTheLawsOfTheRing) {
   for (int i = 0; i < 200; ++i) {
-    const TypeParam a = this->Random(20);
-    const TypeParam b = this->Random(20);
-    const TypeParam c = this->Random(20);
+    const TypeParam a = this->Random(20), b = this->Random(20), c = this->Random(20);
     ASSERT_EQ((a * b) * c, a * (b * c));
     ASSERT_EQ(a * (b + c) - a * c, a * b);
     ASSERT_EQ(Transposed(a * b), Transposed(b) * Transposed(a));
@@ -100,13 +86,11 @@ TYPED_TEST(SquareMatrix, ObeysTheLawsOfTheRing) {
 
 // 1e16 + 1 is rounded to 1e16: only a sum from the left loses the 1.
 TYPED_TEST(SquareMatrix, SumsProductsFromTheLeft) {
-  TypeParam a;
-  const double terms[3] = {1e16, 1, -1e16};
-  TypeParam ones;
-  for (int k = 0; k < 3; ++k) {
-    a[0][k] = terms[k];
-    ones[k][0] = 1;
-  }
+  TypeParam a, ones;
+  a[0][0] = 1e16;
+  a[0][1] = 1;
+  a[0][2] = -1e16;
+  ones[0][0] = ones[1][0] = ones[2][0] = 1;
   EXPECT_EQ((a * ones)[0][0], 0);
 }
 
@@ -162,6 +146,105 @@ TYPED_TEST(SquareMatrix, ASingularMatrixThrowsAndStaysAsItIs) {
   const TypeParam inverse = a.Inverse();
   a.Invert();
   EXPECT_EQ(a, inverse);
+}
+
+constexpr double kValues[9] = {1, 2, 3, 4, 5, 6, 7, 8, 10};
+
+TEST(Matrix3, TakesTheLinearPartOfAMatrix4) {
+  Matrix4 a;
+  a.Translate(7, 8, 9);
+  a[3][0] = 5;
+  EXPECT_TRUE(Matrix3(a).IsIdentity());
+  a[1][2] = 6;
+  EXPECT_EQ(Matrix3(a)[1][2], 6);
+}
+
+TEST(Matrix3, MapsSpaceLinearlyAndThePlaneAffinely) {
+  const Matrix3 m(kValues);
+  EXPECT_EQ(m * Coord3D(1, 10, 100), Coord3D(321, 654, 1087));
+  const Coord2D image = m * Coord2D(10, 100);
+  EXPECT_TRUE(image.x == 213 && image.y == 546);
+}
+
+// The matrix has a last row of its own; each builder still is a product with an elementary matrix.
+TEST(Matrix3, RotateAndTranslateActAfterWhatIsThereAndScaleBefore) {
+  const double sine = std::sin(0.5), cosine = std::cos(0.5);
+  const double rotation[9] = {cosine, -sine, 0, sine, cosine, 0, 0, 0, 1};
+  const double translation[9] = {1, 0, 2, 0, 1, 3, 0, 0, 1};
+  const double scaling[9] = {4, 0, 0, 0, 4, 0, 0, 0, 1};
+  Matrix3 rotated(kValues), translated(kValues), scaled(kValues);
+  rotated.Rotate(0.5);
+  translated.Translate(Coord2D(2, 3));
+  scaled.Scale(4);
+  EXPECT_EQ(rotated, Matrix3(rotation) * Matrix3(kValues));
+  EXPECT_EQ(translated, Matrix3(translation) * Matrix3(kValues));
+  EXPECT_EQ(scaled, Matrix3(kValues) * Matrix3(scaling));
+}
+
+void ExpectNear(const Coord3D& a, const Coord3D& b) {
+  EXPECT_NEAR(a.Distance(b), 0, 4e-15) << a.x << ' ' << a.y << ' ' << a.z;
+}
+
+TEST(Matrix4, IsCreatedTransposedFromItsOwnStorageToo) {
+  Matrix4 m;
+  m[0][3] = 7;
+  m.Create(m.m);
+  EXPECT_EQ(m[3][0], 7);
+}
+
+TEST(Matrix4, PointsAreTranslatedAndNotDividedByTheLastRow) {
+  Matrix4 m;
+  m.Translate(Coord3D(10, 20, 30));
+  m.SetColumn(3, Coord4D(5, 6, 7, 8));  // the last row
+  EXPECT_EQ(m * Coord3D(1, 2, 3), Coord3D(11, 22, 33));
+  EXPECT_EQ(m * Point3D(1, 2, 3), Point3D(11, 22, 33));
+  m.SetColumn(0, Coord4D(1e16, 1, -1e16, 3));  // from the left, 1e16 + 1 loses the 1
+  EXPECT_EQ((m * Coord3D(1, 1, 1)).x, 3);
+}
+
+TEST(Matrix4, RotationsAreRightHanded) {
+  Matrix4 x, y, z, all;
+  x.RotateX(kPi / 2);
+  y.RotateY(kPi / 2);
+  z.RotateZ(kPi / 2);
+  ExpectNear(x * Coord3D(0, 1, 0), Coord3D(0, 0, 1));
+  ExpectNear(y * Coord3D(0, 0, 1), Coord3D(1, 0, 0));
+  ExpectNear(z * Coord3D(1, 0, 0), Coord3D(0, 1, 0));
+  all.Rotate(kPi / 2, kPi / 2, kPi / 2);
+  EXPECT_EQ(all, z * y * x);
+}
+
+// A third of a turn about the diagonal exchanges the axes in a ring.
+TEST(Matrix4, TurnsAboutAnAxisOfAnyLength) {
+  Matrix4 m;
+  m.Rotate(2 * kPi / 3, Coord3D(5, 5, 5));
+  ExpectNear(m * Coord3D(1, 2, 3), Coord3D(3, 1, 2));
+  m.Rotate(1.0, Coord3D());
+  EXPECT_TRUE(std::isnan(m[0][0]));
+}
+
+TEST(Matrix4, BuildersActAfterWhatIsAlreadyThere) {
+  Matrix4 m;
+  m.Translate(5, 7, 9);
+  m.Scale(2);
+  m.Scale(1, 3, 5);
+  EXPECT_EQ(m * Coord3D(1, 1, 1), Coord3D(12, 48, 100));
+  m.SetColumn(3, Coord4D(1, 0, 0, 1));  // a last row of its own is what Translate adds
+  m.Translate(10, 20, 30);
+  EXPECT_EQ(m * Coord3D(1, 0, 0), Coord3D(32, 82, 150));
+}
+
+TEST(Matrix4, ToStringPrintsToTheStandardOutput) {
+  Matrix4 m;
+  m[0][1] = 1.0 / 3;
+  m[1][3] = -1e-20;
+  testing::internal::CaptureStdout();
+  m.ToString();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "1  0.333333  0  0  \n"
+            "0  1  0  -1e-20  \n"
+            "0  0  1  0  \n"
+            "0  0  0  1  \n");
 }
 
 }  // namespace
