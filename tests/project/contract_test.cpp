@@ -32,6 +32,13 @@ constexpr bool IsFree(Signature*) {
 template <class T, class... Arguments>
 constexpr bool Makes = std::is_constructible_v<T, Arguments...>;
 
+// Whether these enumerators have the values 0, 1, 2...
+template <auto... enumerators>
+constexpr bool CountUp() {
+  int next = 0;
+  return ((enumerators == next++) && ...);
+}
+
 // A value of `count` doubles that may be stored in arrays and copied as bytes.
 template <class T>
 constexpr bool IsPlain(std::size_t count) {
@@ -56,43 +63,38 @@ static_assert(offsetof(Coord3D, y) == kDouble && offsetof(Coord3D, z) == 2 * kDo
               offsetof(Coord4D, z) == 2 * kDouble && offsetof(Coord4D, w) == 3 * kDouble);
 static_assert(!std::is_same_v<Coord3D, Point3D> && !std::is_base_of_v<Coord3D, Direction>);
 
-static_assert([] {
-  using T = Coord3D;
-  return Makes<T> && Makes<T, double, double, double> && Makes<T, double*> &&
-         std::is_convertible_v<P3, Coord3D> && Has<Coord3D&(C3)>(&T::operator=) &&
-         Has<const Coord3D&(double)>(&T::operator=, &T::operator*=) &&
-         Has<const Coord3D(C3) const>(&T::operator*, &T::operator+, &T::operator-) &&
-         Has<const Coord3D(double) const>(&T::operator*) &&
-         Has<const Coord3D() const>(&T::operator-) &&
-         Has<const Coord3D&(C3)>(&T::operator+=, &T::operator-=) &&
-         Has<bool(C3) const>(&T::operator==, &T::operator!=, &T::operator<) &&
-         Has<double&(int)>(&T::operator[]) && Has<double(int) const>(&T::operator[]) &&
-         Has<double(C3) const>(&T::Dot, &T::Distance, &T::SquaredDistance, &T::Angle) &&
-         Has<double() const>(&T::Magnitude, &T::MagnitudeSquared) &&
-         Has<double(C3, const Matrix3&)>(&T::SquaredDistance) &&
-         IsFree<bool(C3, C3, double)>(&T::Parallel) && Has<Coord3D(C3) const>(&T::Cross) &&
-         Has<Coord3D(C3)>(&T::maximum, &T::minimum) && Has<Coord3D(C3, C3, double)>(&T::Rotate) &&
-         Has<Coord3D(const Plane&) const>(&T::Project);
-}());
+using V = Coord3D;
+static_assert(Makes<V> && Makes<V, double, double, double> && Makes<V, double*> &&
+              std::is_convertible_v<P3, V> && Has<V&(C3)>(&V::operator=) &&
+              Has<const V&(double)>(&V::operator=, &V::operator*=) &&
+              Has<const V(C3) const>(&V::operator*, &V::operator+, &V::operator-) &&
+              Has<const V(double) const>(&V::operator*) && Has<const V() const>(&V::operator-) &&
+              Has<const V&(C3)>(&V::operator+=, &V::operator-=) &&
+              Has<bool(C3) const>(&V::operator==, &V::operator!=, &V::operator<) &&
+              Has<double&(int)>(&V::operator[]) && Has<double(int) const>(&V::operator[]) &&
+              Has<double(C3) const>(&V::Dot, &V::Distance, &V::SquaredDistance, &V::Angle) &&
+              Has<double() const>(&V::Magnitude, &V::MagnitudeSquared) &&
+              Has<double(C3, const Matrix3&)>(&V::SquaredDistance) &&
+              IsFree<bool(C3, C3, double)>(&V::Parallel) && Has<V(C3) const>(&V::Cross) &&
+              Has<V(C3)>(&V::maximum, &V::minimum) && Has<V(C3, C3, double)>(&V::Rotate) &&
+              Has<V(const Plane&) const>(&V::Project));
 
-static_assert([] {
-  using T = Direction;
-  return Makes<T> && Makes<T, double, double, double> && Makes<T, C3, C3> &&
-         std::is_convertible_v<C3, Direction> && Has<Direction&(D3)>(&T::operator=) &&
-         Has<double()>(&T::GetXDirection, &T::GetYDirection, &T::GetZDirection) &&
-         Has<const Direction(double) const>(&T::operator*, &T::operator/) &&
-         Has<const Direction(D3) const>(&T::operator+, &T::operator-) &&
-         Has<const Direction() const>(&T::operator-) &&
-         Has<const Direction&(double)>(&T::operator*=, &T::operator/=) &&
-         Has<const Direction&(D3)>(&T::operator+=, &T::operator-=) &&
-         Has<double(int)>(&T::operator[]) && Has<double(D3) const>(&T::Dot) &&
-         Has<double(C3) const>(&T::Dot) && Has<Direction(D3) const>(&T::Cross) &&
-         Has<void()>(&T::Normalize, &Coord3D::Normalise) &&
-         Has<void(double, double, double)>(&T::SetDirection) &&
-         Has<void(double, double)>(&T::SetDirectionByBearingDegrees) &&
-         Has<void(Matrix4&, Matrix4&) const>(&Coord3D::GetZUpTransform, &T::GetZUpTransform,
-                                             &Plane::GetZUpTransform);
-}());
+using D = Direction;
+static_assert(Makes<D> && Makes<D, double, double, double> && Makes<D, C3, C3> &&
+              std::is_convertible_v<C3, D> && Has<D&(D3)>(&D::operator=) &&
+              Has<double()>(&D::GetXDirection, &D::GetYDirection, &D::GetZDirection) &&
+              Has<const D(double) const>(&D::operator*, &D::operator/) &&
+              Has<const D(D3) const>(&D::operator+, &D::operator-) &&
+              Has<const D() const>(&D::operator-) &&
+              Has<const D&(double)>(&D::operator*=, &D::operator/=) &&
+              Has<const D&(D3)>(&D::operator+=, &D::operator-=) &&
+              Has<double(int)>(&D::operator[]) && Has<double(D3) const>(&D::Dot) &&
+              Has<double(C3) const>(&D::Dot) && Has<D(D3) const>(&D::Cross) &&
+              Has<void()>(&D::Normalize, &V::Normalise) &&
+              Has<void(double, double, double)>(&D::SetDirection) &&
+              Has<void(double, double)>(&D::SetDirectionByBearingDegrees) &&
+              Has<void(Matrix4&, Matrix4&) const>(&V::GetZUpTransform, &D::GetZUpTransform,
+                                                  &Plane::GetZUpTransform));
 
 // Matrices and transformations.
 
@@ -116,23 +118,21 @@ constexpr bool IsMatrix() {
 }
 static_assert(IsMatrix<Matrix3, 3, Coord3D>() && IsMatrix<Matrix4, 4, Coord4D>());
 
-static_assert([] {
-  using T = Matrix3;
-  return Makes<T, const Matrix4&> && Has<Coord2D(C2) const>(&T::operator*) &&
-         Has<void(double)>(&T::Rotate) && Has<void(double, double)>(&T::Translate) &&
-         Has<void(C2)>(&T::Translate) && Has<void(Matrix3&)>(&T::TransposeTo);
-}());
+static_assert(Makes<Matrix3, const Matrix4&> && Has<Coord2D(C2) const>(&Matrix3::operator*) &&
+              Has<void(double)>(&Matrix3::Rotate) &&
+              Has<void(double, double)>(&Matrix3::Translate) &&
+              Has<void(C2)>(&Matrix3::Translate) && Has<void(Matrix3&)>(&Matrix3::TransposeTo));
 
-static_assert([] {
-  using T = Matrix4;
-  return Makes<T, const double(&)[4][4]> && Makes<T, const Transformation3D&> &&
-         Has<void(const double(&)[4][4])>(&T::Create) && Has<Point3D(P3) const>(&T::operator*) &&
-         Has<Plane(const Plane&) const>(&T::operator*) &&
-         Has<void(double)>(&T::RotateX, &T::RotateY, &T::RotateZ) &&
-         Has<void(double, double, double)>(&T::Rotate, &T::Scale, &T::Translate) &&
-         Has<void(double, C3)>(&T::Rotate) && Has<void(C3)>(&T::Translate) &&
-         Has<void(Matrix4&) const>(&T::TransposeTo) && Has<void() const>(&T::ToString);
-}());
+static_assert(Makes<Matrix4, const double (&)[4][4]> && Makes<Matrix4, const Transformation3D&> &&
+              Has<void(const double (&)[4][4])>(&Matrix4::Create) &&
+              Has<Point3D(P3) const>(&Matrix4::operator*) &&
+              Has<Plane(const Plane&) const>(&Matrix4::operator*) &&
+              Has<void(double)>(&Matrix4::RotateX, &Matrix4::RotateY, &Matrix4::RotateZ) &&
+              Has<void(double, double, double)>(&Matrix4::Rotate, &Matrix4::Scale,
+                                                &Matrix4::Translate) &&
+              Has<void(double, C3)>(&Matrix4::Rotate) && Has<void(C3)>(&Matrix4::Translate) &&
+              Has<void(Matrix4&) const>(&Matrix4::TransposeTo) &&
+              Has<void() const>(&Matrix4::ToString));
 
 static_assert(std::is_abstract_v<Transformation> && std::has_virtual_destructor_v<Transformation> &&
               sizeof(Transformation) == sizeof(void*));
@@ -167,43 +167,39 @@ static_assert(IsPlain<Extent>(6) && IsPlain<Bounds3D>(6) && IsPlain<Extent_type_
 static_assert(offsetof(Extent, max) == 3 * kDouble && offsetof(Bounds3D, max) == 3 * kDouble &&
               offsetof(Extent2D, max) == 2 * kDouble && offsetof(Bounds2D, max) == 2 * kDouble);
 
-static_assert([] {
-  using T = Extent;
-  return Makes<T, C3, C3, C3> && Makes<T, double, double, double, double, double, double> &&
-         Has<bool(const Extent&) const>(&T::operator==, &T::operator!=) &&
-         Has<void(const Extent&)>(&T::Union) && Has<double() const>(&T::GetVolume) &&
-         Has<void(double)>(&T::ExpandKeepingAspect) && Has<double(C3) const>(&T::Distance) &&
-         Has<double(const Segment&) const>(&T::Distance) &&
-         Has<std::vector<Extent>() const>(&T::GetOctants) &&
-         Has<void(Polyline3D&, Polyline3D&)>(&T::GetTopBottomPolygons) &&
-         IsFree<Extent(const std::vector<Point3D>&)>(&::FindPointsExtent);
-}());
+static_assert(Makes<Extent, C3, C3, C3> &&
+              Makes<Extent, double, double, double, double, double, double> &&
+              Has<bool(const Extent&) const>(&Extent::operator==, &Extent::operator!=) &&
+              Has<void(const Extent&)>(&Extent::Union) && Has<double() const>(&Extent::GetVolume) &&
+              Has<void(double)>(&Extent::ExpandKeepingAspect) &&
+              Has<double(C3) const>(&Extent::Distance) &&
+              Has<double(const Segment&) const>(&Extent::Distance) &&
+              Has<std::vector<Extent>() const>(&Extent::GetOctants) &&
+              Has<void(Polyline3D&, Polyline3D&)>(&Extent::GetTopBottomPolygons) &&
+              IsFree<Extent(const std::vector<Point3D>&)>(&::FindPointsExtent));
 
-static_assert([] {
-  using T = Extent2D;
-  return Makes<T, double, double, double, double> && Makes<T, const Extent&> &&
-         Has<Extent2D&(const Bounds2D&)>(&T::operator=) &&
-         Has<Extent2D&(const Extent&)>(&T::operator=) &&
-         Has<Extent2D&(const Extent_type_s&)>(&T::operator=) &&
-         Has<bool(double, double) const>(&T::IsInside) && Has<double(bool) const>(&T::GetArea);
-}());
+static_assert(Makes<Extent2D, double, double, double, double> && Makes<Extent2D, const Extent&> &&
+              Has<Extent2D&(const Bounds2D&)>(&Extent2D::operator=) &&
+              Has<Extent2D&(const Extent&)>(&Extent2D::operator=) &&
+              Has<Extent2D&(const Extent_type_s&)>(&Extent2D::operator=) &&
+              Has<bool(double, double) const>(&Extent2D::IsInside) &&
+              Has<double(bool) const>(&Extent2D::GetArea));
 
 // Planes, linear primitives, triangles, ellipsoids and circles.
 
 static_assert(std::is_standard_layout_v<Plane> && sizeof(Plane) == 4 * kDouble &&
               offsetof(Plane, b) == kDouble && offsetof(Plane, c) == 2 * kDouble &&
               offsetof(Plane, d) == 3 * kDouble);
-static_assert([] {
-  using T = Plane;
-  return Makes<T> && Makes<T, double, double, double, double> && Makes<T, const Plane&> &&
-         Makes<T, D3, double> && Makes<T, D3, C3> && Makes<T, D3, P3> && Makes<T, C3, C3, C3> &&
-         Makes<T, const Coord3D*> && Makes<T, const Triangle&> && Makes<T, C3, C3, double> &&
-         Makes<T, C3, double, double> && Has<Plane&(const Plane&)>(&T::operator=) &&
-         Has<double(C3, bool) const>(&T::Distance) && Has<double(C3) const>(&T::Orientation) &&
-         Has<Coord3D() const>(&T::Normal) && Has<int()>(&T::Normalize) &&
-         Has<void(double)>(&T::Move) && Has<void()>(&T::Reverse) &&
-         Has<bool(const Plane&, Direction&, Point3D&) const>(&T::Intersect);
-}());
+static_assert(Makes<Plane> && Makes<Plane, double, double, double, double> &&
+              Makes<Plane, const Plane&> && Makes<Plane, D3, double> && Makes<Plane, D3, C3> &&
+              Makes<Plane, D3, P3> && Makes<Plane, C3, C3, C3> && Makes<Plane, const Coord3D*> &&
+              Makes<Plane, const Triangle&> && Makes<Plane, C3, C3, double> &&
+              Makes<Plane, C3, double, double> && Has<Plane&(const Plane&)>(&Plane::operator=) &&
+              Has<double(C3, bool) const>(&Plane::Distance) &&
+              Has<double(C3) const>(&Plane::Orientation) && Has<Coord3D() const>(&Plane::Normal) &&
+              Has<int()>(&Plane::Normalize) && Has<void(double)>(&Plane::Move) &&
+              Has<void()>(&Plane::Reverse) &&
+              Has<bool(const Plane&, Direction&, Point3D&) const>(&Plane::Intersect));
 
 static_assert(IsPlain<Segment>(6) && IsPlain<Ray>(6) && IsPlain<Intersection>(4));
 static_assert(offsetof(Segment, end) == 3 * kDouble && offsetof(Ray, direction) == 3 * kDouble &&
@@ -243,35 +239,37 @@ static_assert(IsFree<EncCircle(unsigned int, const Point3D*)>(&SmallestEnclosing
 
 // Polylines.
 
+static_assert(CountUp<COORDINATE_X, COORDINATE_Y, COORDINATE_Z>());
+
 using Count = unsigned int;
-static_assert([] {
-  using T = Polyline3D;
-  return !std::is_polymorphic_v<Polyline3D> && Makes<T> && Makes<T, const std::vector<Point3D>&> &&
-         Makes<T, Count, double*, double*, double*> && Makes<T, Count, const Point3D*> &&
-         Has<Polyline3D&(const Polyline3D&)>(&T::operator=) && Has<void(Polyline3D&)>(&T::Swap) &&
-         Has<bool(const Polyline3D&) const>(&T::operator==, &T::operator!=) &&
-         Has<Count() const>(&T::Size) && Has<void(Count)>(&T::Resize) &&
-         Has<Point3D&(Count)>(&T::operator[]) && Has<const Point3D&(Count) const>(&T::operator[]) &&
-         Has<std::vector<Point3D>&()>(&T::GetPointVector) &&
-         Has<const std::vector<Point3D>&() const>(&T::GetPointVector) &&
-         Has<void(const double&, const double&, const double&)>(&T::Add) &&
-         Has<void(P3)>(&T::Add, &T::Translate) && Has<void()>(&T::Clear, &T::Reverse) &&
-         Has<void(const double&, const int&)>(&T::Set) &&
-         Has<void(CoordinateType, std::vector<double>&) const>(&T::GetAsArray) &&
-         Has<const Point3D() const>(&T::GetCenterPoint) &&
-         Has<bool() const>(&T::IsClosed, &T::IsClockwise) && Has<void(bool)>(&T::SetClosed) &&
-         Has<int()>(&T::GetColour, &T::GetNameAsInt) &&
-         Has<int() const>(&T::GetColour, &T::GetNameAsInt) &&
-         Has<void(const int&)>(&T::SetColour, &T::SetNameAsInt) &&
-         Has<std::string()>(&T::GetName) && Has<const std::string&() const>(&T::GetName) &&
-         Has<void(const std::string&)>(&T::SetName) && Has<std::string() const>(&T::PrintDebug) &&
-         Has<void(Direction&) const>(&T::GetPolygonNormal) &&
-         Has<void(std::vector<Point3D>&, std::vector<Point3D>&, const double&)>(
-             &T::GetPointNormals) &&
-         Has<bool(P3, bool, double) const>(&T::IsPointOnEdge) &&
-         Has<bool(P3) const>(&T::IsPointInside) &&
-         Has<bool(const double&, const double&, const double&) const>(&T::IsPointInside);
-}());
+using Line = Polyline3D;
+static_assert(
+    !std::is_polymorphic_v<Line> && Makes<Line> && Makes<Line, const std::vector<Point3D>&> &&
+    Makes<Line, Count, double*, double*, double*> && Makes<Line, Count, const Point3D*> &&
+    Has<Line&(const Line&)>(&Line::operator=) && Has<void(Line&)>(&Line::Swap) &&
+    Has<bool(const Line&) const>(&Line::operator==, &Line::operator!=) &&
+    Has<Count() const>(&Line::Size) && Has<void(Count)>(&Line::Resize) &&
+    Has<Point3D&(Count)>(&Line::operator[]) &&
+    Has<const Point3D&(Count) const>(&Line::operator[]) &&
+    Has<std::vector<Point3D>&()>(&Line::GetPointVector) &&
+    Has<const std::vector<Point3D>&() const>(&Line::GetPointVector) &&
+    Has<void(const double&, const double&, const double&)>(&Line::Add) &&
+    Has<void(P3)>(&Line::Add, &Line::Translate) && Has<void()>(&Line::Clear, &Line::Reverse) &&
+    Has<void(const double&, const int&)>(&Line::Set) &&
+    Has<void(CoordinateType, std::vector<double>&) const>(&Line::GetAsArray) &&
+    Has<const Point3D() const>(&Line::GetCenterPoint) &&
+    Has<bool() const>(&Line::IsClosed, &Line::IsClockwise) && Has<void(bool)>(&Line::SetClosed) &&
+    Has<int()>(&Line::GetColour, &Line::GetNameAsInt) &&
+    Has<int() const>(&Line::GetColour, &Line::GetNameAsInt) &&
+    Has<void(const int&)>(&Line::SetColour, &Line::SetNameAsInt) &&
+    Has<std::string()>(&Line::GetName) && Has<const std::string&() const>(&Line::GetName) &&
+    Has<void(const std::string&)>(&Line::SetName) && Has<std::string() const>(&Line::PrintDebug) &&
+    Has<void(Direction&) const>(&Line::GetPolygonNormal) &&
+    Has<void(std::vector<Point3D>&, std::vector<Point3D>&, const double&)>(
+        &Line::GetPointNormals) &&
+    Has<bool(P3, bool, double) const>(&Line::IsPointOnEdge) &&
+    Has<bool(P3) const>(&Line::IsPointInside) &&
+    Has<bool(const double&, const double&, const double&) const>(&Line::IsPointInside));
 
 // The voxel index.
 
@@ -279,39 +277,35 @@ using Location = Voxelation::Location;
 static_assert(std::is_same_v<zyl::geometry::int64, std::int64_t>);
 static_assert(std::is_trivially_copyable_v<Location> && sizeof(Location) == 3 * sizeof(int) &&
               offsetof(Location, k) == 2 * sizeof(int));
-static_assert([] {
-  using T = Voxelation;
-  return !std::is_polymorphic_v<Voxelation> && std::is_copy_constructible_v<Voxelation> &&
-         std::is_nothrow_move_constructible_v<Voxelation> &&
-         std::is_nothrow_move_assignable_v<Voxelation> && Makes<T> &&
-         Makes<T, const Bounds3D&, int, int, int> && Makes<T, C3, C3, int, int, int> &&
-         Has<Voxelation&(const Voxelation&)>(&T::operator=) &&
-         Has<bool(C3, C3, int, int, int)>(&T::Initialise) &&
-         Has<bool(const Bounds3D&, int, int, int)>(&T::Initialise) &&
-         Has<bool(double, double, double, Location&) const>(&T::Locate) &&
-         Has<bool(C3, Location&) const>(&T::Locate) && Has<bool(int*) const>(&T::GetDimensions) &&
-         Has<bool(const Location&, Extent&)>(&T::GetVoxelExtent) &&
-         Has<bool(C3, int64)>(&T::AddPoint) && Has<bool(const Extent&, int64)>(&T::AddExtent) &&
-         Has<bool(C3, C3, C3, int64)>(&T::AddTriangle) &&
-         Has<bool(Coord3D*, int64)>(&T::AddTriangle) && Has<bool()>(&T::Clear) &&
-         Has<bool(std::set<int64>&, int, int, int) const>(&T::CollectIDsAt) &&
-         Has<bool(std::set<int64>&, Location&) const>(&T::CollectIDsAt) &&
-         Has<bool(std::set<int64>&, C3, double, double, double) const>(&T::CollectIDsNear) &&
-         Has<bool(std::set<int64>&, const Extent&) const>(&T::CollectIDsIn);
-}());
+using Grid = Voxelation;
+static_assert(
+    !std::is_polymorphic_v<Grid> && std::is_copy_constructible_v<Grid> &&
+    std::is_nothrow_move_constructible_v<Grid> && std::is_nothrow_move_assignable_v<Grid> &&
+    Makes<Grid> && Makes<Grid, const Bounds3D&, int, int, int> &&
+    Makes<Grid, C3, C3, int, int, int> && Has<Grid&(const Grid&)>(&Grid::operator=) &&
+    Has<bool(C3, C3, int, int, int)>(&Grid::Initialise) &&
+    Has<bool(const Bounds3D&, int, int, int)>(&Grid::Initialise) &&
+    Has<bool(double, double, double, Location&) const>(&Grid::Locate) &&
+    Has<bool(C3, Location&) const>(&Grid::Locate) && Has<bool(int*) const>(&Grid::GetDimensions) &&
+    Has<bool(const Location&, Extent&)>(&Grid::GetVoxelExtent) &&
+    Has<bool(C3, int64)>(&Grid::AddPoint) && Has<bool(const Extent&, int64)>(&Grid::AddExtent) &&
+    Has<bool(C3, C3, C3, int64)>(&Grid::AddTriangle) &&
+    Has<bool(Coord3D*, int64)>(&Grid::AddTriangle) && Has<bool()>(&Grid::Clear) &&
+    Has<bool(std::set<int64>&, int, int, int) const>(&Grid::CollectIDsAt) &&
+    Has<bool(std::set<int64>&, Location&) const>(&Grid::CollectIDsAt) &&
+    Has<bool(std::set<int64>&, C3, double, double, double) const>(&Grid::CollectIDsNear) &&
+    Has<bool(std::set<int64>&, const Extent&) const>(&Grid::CollectIDsIn));
 
 // Predicates and intersection tests.
 
-static_assert(ORIENT_UNDEFINED == 0 && ORIENT_BELOW == 1 && ORIENT_ABOVE == 2 &&
-              ORIENT_COPLANAR == 3 && ORIENT_CLOCKWISE == 4 && ORIENT_COUNTERCLOCKWISE == 5 &&
-              ORIENT_COLLINEAR == 6 && ORIENT_ON == 7 && ORIENT_INSIDE == 8 &&
-              ORIENT_OUTSIDE == 9 && ORIENT_ON_EDGE == 10 && ORIENT_ON_VERTEX == 11);
-static_assert(INTERSECT2D_UNDEFINED == 0 && INTERSECT2D_NONE == 1 && INTERSECT2D_CROSSING == 2 &&
-              INTERSECT2D_FIRST_ON_SECOND == 3 && INTERSECT2D_SECOND_ON_FIRST == 4 &&
-              INTERSECT2D_FIRST_START == 5 && INTERSECT2D_FIRST_END == 6 &&
-              INTERSECT2D_SECOND_START == 7 && INTERSECT2D_SECOND_END == 8 &&
-              INTERSECT2D_SHARED_FIRST_START == 9 && INTERSECT2D_SHARED_FIRST_END == 10 &&
-              INTERSECT2D_OVERLAP == 11);
+static_assert(CountUp<ORIENT_UNDEFINED, ORIENT_BELOW, ORIENT_ABOVE, ORIENT_COPLANAR,
+                      ORIENT_CLOCKWISE, ORIENT_COUNTERCLOCKWISE, ORIENT_COLLINEAR, ORIENT_ON,
+                      ORIENT_INSIDE, ORIENT_OUTSIDE, ORIENT_ON_EDGE, ORIENT_ON_VERTEX>());
+static_assert(
+    CountUp<INTERSECT2D_UNDEFINED, INTERSECT2D_NONE, INTERSECT2D_CROSSING,
+            INTERSECT2D_FIRST_ON_SECOND, INTERSECT2D_SECOND_ON_FIRST, INTERSECT2D_FIRST_START,
+            INTERSECT2D_FIRST_END, INTERSECT2D_SECOND_START, INTERSECT2D_SECOND_END,
+            INTERSECT2D_SHARED_FIRST_START, INTERSECT2D_SHARED_FIRST_END, INTERSECT2D_OVERLAP>());
 
 static_assert(IsFree<void()>(&geom_Init));
 static_assert(IsFree<Orientation_e(C3, C3, C3, double)>(&geom_Orient2D));
