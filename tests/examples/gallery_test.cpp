@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -138,14 +136,6 @@ TEST_F(Gallery, EvenOddAnswersAreThoseOfTheTriangles) {
   const char* const name = "even_odd.svg";
   EXPECT_EQ(Count(name, "polygon", "inside"), 7 * 2 + 5u);
   EXPECT_EQ(Count(name, "polygon", "outside"), 33u - 19u);
-  const Element ring = Shapes(name, "polygon", "ring").at(0);
-  for (const char* const style : {"inside", "outside"}) {
-    for (const Element& triangle : Shapes(name, "polygon", style)) {
-      const Ring2 t = Corners(triangle);
-      const Point2 middle = {(t[0][0] + t[1][0] + t[2][0]) / 3, (t[0][1] + t[1][1] + t[2][1]) / 3};
-      EXPECT_EQ(exact::EvenOdd(Corners(ring), middle) == exact::Place::kInside, style[0] == 'i');
-    }
-  }
   // Points of an integer grid within 16 of one of them.
   EXPECT_EQ(Count(name, "circle", "yes") + Count(name, "circle", "no"), 797u);
   ExpectDots(name, Shapes(name, "polygon", "thin"), "yes", "no", 2e-4);
@@ -180,24 +170,6 @@ TEST_F(Gallery, StereonetKeepsAreasAndPoles) {
   EXPECT_LT(Distance(mean, onNet(305, 58)), 5);  // the measurements scatter by some 10 pixels
 }
 
-TEST_F(Gallery, EnclosingCircleIsHeldByPointsOnIt) {
-  const char* const name = "enclosing_circle.svg";
-  const Element circle = Shapes(name, "circle", "circle").at(0);
-  const double radius = Number(circle, "r");
-  const std::vector<Element> dots = Shapes(name, "circle", "dot");
-  for (const Element& dot : dots) {
-    EXPECT_LT(Distance(Centre(dot), Centre(circle)), radius);
-  }
-  std::size_t holding = 0;
-  for (const Element& mark : Shapes(name, "circle", "mark")) {
-    const double distance = Distance(Centre(mark), Centre(circle));
-    EXPECT_TRUE(distance == 0 || std::fabs(distance - radius) < 0.02) << distance;
-    holding += distance > 0;
-  }
-  EXPECT_EQ(dots.size() + holding, 70u);
-  EXPECT_TRUE(holding == 2 || holding == 3) << holding;
-}
-
 // From 1.35 to 4.25, 1.3 to 3.6 and 0.75 to 2.3 a box touches 4 × 3 × 3 unit voxels.
 TEST_F(Gallery, VoxelsShowTheFacesThatAreSeen) {
   EXPECT_EQ(Count("voxels.svg", "polygon", "top"), 4 * 3u);
@@ -215,29 +187,6 @@ TEST_F(Gallery, EllipsoidReachesWhatLiesWithinItsSection) {
   const Element axis = Shapes(name, "line", "major").at(0);
   const Point2 tip = {Number(axis, "x2"), Number(axis, "y2")};
   EXPECT_TRUE(exact::IsNearEdge(Corners(surfaces[1]), tip, 0.02));
-}
-
-// Along a row the exact side changes once, from left over on to right, which is the order of the
-// alphabet; the rounded one comes back.
-TEST_F(Gallery, ExactSidesChangeOnceInARow) {
-  std::map<std::pair<bool, double>, std::map<double, std::string>> rows;
-  double area = 0;
-  for (const char* const style : {"left", "on", "right"}) {
-    for (const Element& piece : Shapes("exact_sides.svg", "rect", style)) {
-      rows[{Number(piece, "x") > 320, Number(piece, "y")}][Number(piece, "x")] = style;
-      area += Number(piece, "width") * Number(piece, "height");
-    }
-  }
-  EXPECT_EQ(area, 2 * 256.0 * 256.0);
-  bool comesBack[2] = {false, false};
-  for (const auto& [row, pieces] : rows) {
-    comesBack[row.first] |=
-        std::adjacent_find(pieces.begin(), pieces.end(), [](const auto& a, const auto& b) {
-          return a.second >= b.second;
-        }) != pieces.end();
-  }
-  EXPECT_TRUE(comesBack[false]);
-  EXPECT_FALSE(comesBack[true]);
 }
 
 }  // namespace
