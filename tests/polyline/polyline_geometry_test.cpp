@@ -111,6 +111,8 @@ TEST(IsPointOnEdge, MeasuresADistanceInSpaceAndACrossProductInXY) {
                {Closed(bend), {0.5, 0.5, 0}, 1e-6, true, true},
                {road, {50, 0.5, 0}, 0.5, false, true},
                {road, {50, 0.5, 0}, 50.5, true, true},
+               {road, {-0.5, 0, 0}, 0.5, true, true},  // on the side of the widened box
+               {road, {100.5, 0, 0}, 0.5, true, true},
                {dot, {1, 1, 1}, 1, true, false},
                {dot, {1.005, 1, 7}, -1, true, false},
                {dot, {1.02, 1, 7}, -1, false, false},

@@ -287,14 +287,16 @@ TEST_F(DamagedRings, AFlipThatWouldTurnATriangleIsRefused) {
   EXPECT_EQ(edge->dest, V(1));
 }
 
-// The in-circle value of a square of this size is inf − inf, which is no reason to flip.
-TEST_F(DamagedRings, AnInCircleValueThatIsNoNumberFlipsNothing) {
-  Place(Lines({{0, 0}, {1e160, 0}, {1e160, 1e160}, {0, 1e160}}), 20);
-  Join(0, 1);
-  const TEdge* const diagonal = Join(0, 2);
-  Join(0, 3), Join(1, 2), Join(2, 3);
-  tri_Legalise_Around(state_, V(1));
-  EXPECT_EQ(diagonal->dest, V(2));
+// The in-circle value of a square is 0, and of one of this size inf − inf.
+TEST_F(DamagedRings, AnInCircleValueThatIsNotPositiveFlipsNothing) {
+  for (const double side : {1.0, 1e160}) {
+    Place(Lines({{0, 0}, {side, 0}, {side, side}, {0, side}}), 20);
+    Join(0, 1);
+    const TEdge* const diagonal = Join(0, 2);
+    Join(0, 3), Join(1, 2), Join(2, 3);
+    tri_Legalise_Around(state_, V(1));
+    EXPECT_EQ(diagonal->dest, V(2)) << side;
+  }
 }
 
 // The chain over the base 0-3 has its two inner vertices at one height.
