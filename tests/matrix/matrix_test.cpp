@@ -207,9 +207,9 @@ TEST(Matrix4, RotationsAreRightHanded) {
   x.RotateX(kPi / 2);
   y.RotateY(kPi / 2);
   z.RotateZ(kPi / 2);
-  ExpectNear(x * Coord3D(0, 1, 0), Coord3D(0, 0, 1));
-  ExpectNear(y * Coord3D(0, 0, 1), Coord3D(1, 0, 0));
-  ExpectNear(z * Coord3D(1, 0, 0), Coord3D(0, 1, 0));
+  ExpectNear(x * Coord3D(1, 2, 3), Coord3D(1, -3, 2));
+  ExpectNear(y * Coord3D(1, 2, 3), Coord3D(3, 2, -1));
+  ExpectNear(z * Coord3D(1, 2, 3), Coord3D(-2, 1, 3));
   all.Rotate(kPi / 2, kPi / 2, kPi / 2);
   EXPECT_EQ(all, z * y * x);
 }

@@ -85,7 +85,7 @@ TYPED_TEST(Boxes, RelateAsTheirPointsDo) {
       shrunkB.Expand(-0.25);
       TypeParam common = a;  // which the result may replace
       const bool overlap = common.GetIntersection(b, common);
-      ASSERT_TRUE(overlap || Same(common, TypeParam()));
+      ASSERT_TRUE(overlap || Same(common, TypeParam(At<TypeParam>(0, 0, 0))));
       bool touch = false, interiorsMeet = false, covered = true, strictlyInside = true;
       for (const auto& p : points) {
         const bool inA = a.IsInside(p);
