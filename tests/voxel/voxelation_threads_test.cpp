@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <thread>
-#include <vector>
-
+#include "support/threads.h"
 #include "zyl/geometry/extent.h"
 #include "zyl/geometry/voxelation.h"
 
@@ -33,15 +31,7 @@ TEST(VoxelationThreads, AskedAtOnceAllGetTheAnswersOfOne) {
     return answers;
   };
   const std::vector<IDs> expected = ask();
-  std::vector<std::vector<IDs>> answers(8);
-  std::vector<std::thread> threads;
-  for (std::vector<IDs>& mine : answers) {
-    threads.emplace_back([&ask, &mine] { mine = ask(); });
-  }
-  for (std::thread& thread : threads) {
-    thread.join();
-  }
-  for (const std::vector<IDs>& each : answers) {
+  for (const std::vector<IDs>& each : OnThreads(8, ask)) {
     EXPECT_EQ(each, expected);
   }
 }
