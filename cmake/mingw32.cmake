@@ -5,9 +5,8 @@ set(CMAKE_SYSTEM_PROCESSOR x86)
 set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 
-# The compiler's own run-time library goes into library and programs: nobody need ship it.
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+# Nothing is linked with -static: a host can catch what the library throws only if both use one
+# libgcc and one libstdc++.
 
 set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

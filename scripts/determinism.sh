@@ -40,7 +40,7 @@ native clang clang++ "-O2" ON
 native gcc-m32 g++ "-O2 -m32" OFF
 if command -v wine >/dev/null; then
   digest mingw32 --toolchain cmake/mingw32.cmake -DCMAKE_BUILD_TYPE=Release \
-    -DZYL_GEOMETRY_USE_TBB=OFF
+    -DCMAKE_EXE_LINKER_FLAGS=-static -DZYL_GEOMETRY_USE_TBB=OFF
 else
   echo "== mingw32: left out, there is no Wine"
 fi
