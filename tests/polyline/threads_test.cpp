@@ -15,7 +15,7 @@ void ExpectTheSameFromEightThreads(const std::vector<Polyline3D>& polylines) {
   const auto ask = [&polylines] {
     std::mt19937_64 random(99);
     return Generate(40, [&](int) {
-      const Polyline3D& polyline = polylines[random() % polylines.size()];
+      const Polyline3D& polyline = polylines[Below(random, polylines.size())];
       return int{polyline.IsPointInside(Uniform(random, -10, 10), Uniform(random, -10, 10), 0)};
     });
   };

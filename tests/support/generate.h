@@ -2,6 +2,7 @@
 
 // What tests make their points of.
 
+#include <cstddef>
 #include <limits>
 #include <random>
 #include <vector>
@@ -18,6 +19,12 @@ auto Generate(int n, Place place) {
     all.push_back(place(i));
   }
   return all;
+}
+
+/// One of 0 to count - 1.
+template <class Random>
+std::size_t Below(Random& random, std::size_t count) {
+  return static_cast<std::size_t>(random() % count);
 }
 
 template <class Random>

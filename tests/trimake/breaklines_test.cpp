@@ -262,7 +262,7 @@ TEST_F(DamagedRings, RandomOnesFailWithoutHangingOrLosingEdges) {
     // Hardly more half-edges than are used.
     Place(Lines({{0, 0, 5, 1, 9, 0, 1, 4, 6, 5, 9, 4, 0, 9, 4, 8, 9, 9, 3, 3}}), 52);
     for (int i = 0; i < 25; ++i) {
-      const std::size_t a = random() % 10, b = random() % 10;
+      const std::size_t a = Below(random, 10), b = Below(random, 10);
       if (a != b) {
         Join(a, b);
       }

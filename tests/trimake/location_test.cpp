@@ -174,7 +174,7 @@ bool CheckAgainstEvenOdd(const Ring2& ring, const rings::Plane& plane, int quest
   outline.boundaryCount = static_cast<int>(boundary.size());
   for (int i = 0; i < questions && !testing::Test::HasFailure(); ++i) {
     const double reach[] = {0, 1, 0.02};
-    Point2 p = ring[random() % ring.size()];
+    Point2 p = ring[Below(random, ring.size())];
     p[0] += Uniform(random, -1, 1) * reach[i % 3];
     p[1] += Uniform(random, -1, 1) * reach[i % 3] * height;
     const Point3 at = plane.At(p);

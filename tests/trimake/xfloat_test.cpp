@@ -3,9 +3,12 @@
 #include <gmpxx.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <random>
+
+#include "support/generate.h"
 
 namespace {
 
@@ -46,7 +49,8 @@ XFloat ExpectedSum(const XFloat& a, const XFloat& b) {
   }
   const XFloat& high = a.exponent >= b.exponent ? a : b;
   const XFloat& low = a.exponent >= b.exponent ? b : a;
-  mpz_class sum = Integer(low) >> (high.exponent - low.exponent);
+  const std::uint64_t shift = std::min<std::uint64_t>(high.exponent - low.exponent, kBits);
+  mpz_class sum = Integer(low) >> static_cast<unsigned>(shift);
   if (high.sign != low.sign) {
     sum = -sum;
   }
@@ -85,7 +89,7 @@ XFloat Companion(const XFloat& a, int round, std::mt19937_64& random) {
   }
   if (round % 8 == 0) {
     b.significand = a.significand;
-    b.significand[random() % XFloat::kLimbs] ^= 1;
+    b.significand[Below(random, XFloat::kLimbs)] ^= 1;
     b.significand[0] |= kTop;
   }
   if (round % 2 == 0) {
