@@ -3,7 +3,6 @@
 // Where a point lies relative to a ring in the plane, by the even-odd rule and exact arithmetic.
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 #include "support/exact.h"
@@ -59,21 +58,6 @@ inline Place EvenOdd(const Ring2& ring, const Point2& q) {
     }
   }
   return onEdge ? Place::kBoundary : inside ? Place::kInside : Place::kOutside;
-}
-
-/// Whether q is nearer to an edge than about `ratio` times the length of that edge.
-inline bool IsNearEdge(const Ring2& ring, const Point2& q, double ratio) {
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    const Point2 &a = ring[i], &b = ring[(i + 1) % ring.size()];
-    const Point2 e = {b[0] - a[0], b[1] - a[1]}, w = {q[0] - a[0], q[1] - a[1]};
-    const double squared = e[0] * e[0] + e[1] * e[1];
-    const double along = e[0] * w[0] + e[1] * w[1], across = e[0] * w[1] - e[1] * w[0];
-    if (squared > 0 && std::fabs(across) <= ratio * squared && along >= -ratio * squared &&
-        along <= (1 + ratio) * squared) {
-      return true;
-    }
-  }
-  return false;
 }
 
 /// Whether not all points of the ring are on one line.

@@ -15,11 +15,6 @@ namespace xml {
 struct Element {
   std::string name;
   std::map<std::string, std::string> attributes;
-
-  std::string Get(const std::string& attribute) const {
-    const auto found = attributes.find(attribute);
-    return found == attributes.end() ? std::string() : found->second;
-  }
 };
 
 class Reader {

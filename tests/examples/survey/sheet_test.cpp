@@ -29,20 +29,15 @@ std::string SheetOf(const Survey& survey) {
 
 // Number of elements of which the class begins like this; throws if the sheet is not well-formed.
 long CountOf(const std::string& style, const std::string& sheet) {
-  const std::vector<xml::Element> elements = xml::Reader(sheet).Read();
-  return std::count_if(elements.begin(), elements.end(), [&](const xml::Element& element) {
-    return element.Get("class").rfind(style, 0) == 0;
+  std::vector<xml::Element> elements = xml::Reader(sheet).Read();
+  return std::count_if(elements.begin(), elements.end(), [&](xml::Element& element) {
+    return element.attributes["class"].rfind(style, 0) == 0;
   });
 }
 
-TEST(Sheet, MarksEveryCollarOfTheShippedSurveyAndIsShownInTheDocumentationAsItIsDrawn) {
-  const std::string sheet = SheetOf(ShippedSurvey());
-  EXPECT_EQ(CountOf("collar ", sheet), 200);
-  EXPECT_EQ(CountOf("collar boundary", sheet), 11);
-  EXPECT_EQ(CountOf("hole ", sheet), 200);
-  EXPECT_EQ(CountOf("edge0 cut", sheet), 4 + 1) << "edges walked twice, and the legend";
+TEST(Sheet, OfTheShippedSurveyIsShownInTheDocumentationAsItIsDrawn) {
   std::ifstream shown(SURVEY_PICTURE);
-  EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(shown), {}) == sheet)
+  EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(shown), {}) == SheetOf(ShippedSurvey()))
       << SURVEY_PICTURE " is not what is drawn: build the target survey_picture";
 }
 
