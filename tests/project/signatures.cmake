@@ -1,0 +1,41 @@
+# Turns the table of signatures into assertions, for a unit that has IsMember, IsFree and Makes.
+#
+#   cmake -DTABLE=<table> -DOUT=<header> -P signatures.cmake
+
+cmake_minimum_required(VERSION 3.25)
+
+file(READ ${TABLE} table)
+# Brackets would glue list elements together.
+string(REPLACE "[" "<open>" table "${table}")
+string(REPLACE "]" "<close>" table "${table}")
+string(REPLACE "\n" ";" lines "${table}")
+list(FILTER lines EXCLUDE REGEX "^#|^$")
+
+set(assertions "")
+foreach(line IN LISTS lines)
+  if(NOT line MATCHES "^  (.*)")
+    string(REPLACE " " ";" scopes "${line}")
+    continue()
+  endif()
+  string(REPLACE " | " ";" facts "${CMAKE_MATCH_1}")
+  list(POP_FRONT facts type)
+  if(type STREQUAL "constructors")
+    set(fact "Makes<Self\\1>()")
+  else()
+    string(REPLACE " " ";" facts "${facts}")
+    if(scopes MATCHES "::$")
+      set(fact "IsFree<${type}>(&Self\\1)")
+    else()
+      set(fact "IsMember<${type}>(&Self::\\1)")
+    endif()
+  endif()
+  list(TRANSFORM facts REPLACE "^(.+)$" "static_assert(${fact})")
+  foreach(scope IN LISTS scopes)
+    string(REPLACE "Self" "${scope}" ofScope "${facts}")
+    list(APPEND assertions ${ofScope})
+  endforeach()
+endforeach()
+list(JOIN assertions ";\n" assertions)
+string(REPLACE "<open>" "[" assertions "${assertions}")
+string(REPLACE "<close>" "]" assertions "${assertions}")
+file(WRITE ${OUT} "// Made from ${TABLE}.\n${assertions};\n")
