@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <type_traits>
 
 #include "support/seeded.h"
@@ -16,18 +15,15 @@ namespace {
 
 using namespace zyl::geometry;
 
-constexpr double kPi = 3.141592653589793;
-
 // Whole numbers keep the arithmetic exact, so that the laws of matrices hold to the last bit.
 template <typename Matrix>
 struct SquareMatrix : Seeded<21> {
   static constexpr int kN = std::is_same_v<Matrix, Matrix3> ? 3 : 4;
 
   Matrix Random(int limit) {
-    std::uniform_int_distribution<int> entry(-limit, limit);
     Matrix a;
     for (int i = 0; i < kN * kN; ++i) {
-      a[i / kN][i % kN] = entry(random);
+      a[i / kN][i % kN] = Whole(-limit, limit);
     }
     return a;
   }

@@ -3,19 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <locale>
 #include <string>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "support/generate.h"
+
 namespace {
 
 using namespace zyl::geometry;
 using Points = std::vector<Point3D>;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // The end has to repeat the beginning exactly, and one point of several that do so goes.
 TEST(Polyline3D, AListThatEndsWhereItBeganIsARing) {

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <map>
 #include <random>
 #include <set>
 
+#include "support/generate.h"
 #include "zyl/geometry/geom.h"
 #include "zyl/geometry/plane.h"
 #include "zyl/geometry/segment.h"
@@ -15,8 +15,6 @@
 namespace {
 
 using namespace zyl::geometry;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 class GeomIntersection : public ::testing::Test {
  protected:

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
-#include <random>
 
 #include "support/exact.h"
 #include "support/seeded.h"
@@ -11,8 +9,6 @@
 namespace {
 
 using namespace zyl::geometry;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct GeomOrientation : Seeded<13> {
   GeomOrientation() { geom_Init(); }
@@ -30,11 +26,10 @@ Orientation_e InBall(int turn, int sign) {
 // Points of a grid of 3 by 3 by 3, which coincide, and lie in line, again and again. In the plane
 // their heights do not count.
 TEST_F(GeomOrientation, IsThatOfExactArithmeticWithNamesForDegenerateCases) {
-  std::uniform_int_distribution<int> unit(-1, 1);
   for (int round = 0; round < 20000; ++round) {
     Coord3D p[5];
     for (Coord3D& q : p) {
-      q = Coord3D(unit(random), unit(random), unit(random));
+      q = {Whole(-1, 1), Whole(-1, 1), Whole(-1, 1)};
     }
     const auto& [a, b, c, d, e] = p;
     const bool noLine = a.x == b.x && a.y == b.y, noPlane = (b - a).Cross(c - a) == Coord3D();

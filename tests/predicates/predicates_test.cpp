@@ -5,11 +5,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
+#include <cstring>
 #include <random>
 #include <utility>
 
 #include "support/exact.h"
+#include "support/generate.h"
 
 namespace {
 
@@ -17,8 +18,6 @@ using namespace zyl::geometry::internal;
 using exact::SignOf;
 
 constexpr std::uint64_t kSeed = 20240117;
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 using Rng = std::mt19937_64;
 
 int Integer(Rng& rng, int low, int high) {
@@ -172,21 +171,6 @@ TEST(Predicates, ReturnTheDeterminantFromTheExactStageToo) {
   EXPECT_EQ(orient3d(p, q, above, off), 2 * t);
 }
 
-mpq_class ExactDifference(double p, double q) { return mpq_class(p) - mpq_class(q); }
-
-// The lifted determinant of integer points relative to the last of Dim + 2.
-template <std::size_t Dim>
-mpq_class BallDeterminant(const Points& p) {
-  std::array<exact::Row<Dim + 1>, Dim + 1> rows;
-  for (std::size_t k = 0; k < Dim + 1; ++k) {
-    for (std::size_t i = 0; i < Dim; ++i) {
-      rows[k][i] = ExactDifference(p.at[k][i], p.at[Dim + 1][i]);
-      rows[k][Dim] += rows[k][i] * rows[k][i];
-    }
-  }
-  return exact::Determinant<Dim + 1>(rows);
-}
-
 bool IsRoundedOnce(double found, const mpq_class& expected) {
   const mpq_class error = (mpq_class(found) - expected) * mpq_class(std::ldexp(1, 52));
   return abs(error) <= abs(expected);
@@ -210,31 +194,26 @@ TEST(Predicates, AreRoundedOnceWhereDifferencesAreExact) {
       p[k][1] = std::round(y * scale);
       p[k][2] = std::round(z * scale);
     }
-    ASSERT_TRUE(height == 0
-                    ? IsRoundedOnce(incircle(p[0], p[1], p[2], p[3]), BallDeterminant<2>(p))
-                    : IsRoundedOnce(insphere(p[0], p[1], p[2], p[3], p[4]), BallDeterminant<3>(p)))
+    const auto& [a, b, c, d, e] = p.at;
+    ASSERT_TRUE(
+        height == 0
+            ? IsRoundedOnce(incircle(a, b, c, d), exact::Relative<2, 4>({a, b, c, d}))
+            : IsRoundedOnce(insphere(a, b, c, d, e), exact::Relative<3, 5>({a, b, c, d, e})))
         << round << ", seed " << kSeed;
   }
 }
 
 TEST(PredicateState, HoldsTheBoundsOfDoubleArithmetic) {
   exactinit();
-  const PredicateState& state = predicateState();
-  EXPECT_EQ(state.epsilon, 1.1102230246251565e-16);
-  EXPECT_EQ(state.splitter, 134217729);
-  EXPECT_EQ(state.resulterrbound, 3.3306690738754706e-16);
-  EXPECT_EQ(state.ccwerrboundA, 3.3306690738754716e-16);
-  EXPECT_EQ(state.ccwerrboundB, 2.2204460492503146e-16);
-  EXPECT_EQ(state.ccwerrboundC, 1.1093356479670487e-31);
-  EXPECT_EQ(state.o3derrboundA, 7.771561172376103e-16);
-  EXPECT_EQ(state.o3derrboundB, 3.330669073875473e-16);
-  EXPECT_EQ(state.o3derrboundC, 3.2047474274603644e-31);
-  EXPECT_EQ(state.iccerrboundA, 1.1102230246251577e-15);
-  EXPECT_EQ(state.iccerrboundB, 4.440892098500632e-16);
-  EXPECT_EQ(state.iccerrboundC, 5.423418723394464e-31);
-  EXPECT_EQ(state.isperrboundA, 1.7763568394002532e-15);
-  EXPECT_EQ(state.isperrboundB, 5.551115123125792e-16);
-  EXPECT_EQ(state.isperrboundC, 8.751425667295619e-31);
+  const PredicateState expected = {1.1102230246251565e-16, 134217729,
+                                   3.3306690738754706e-16, 3.3306690738754716e-16,
+                                   2.2204460492503146e-16, 1.1093356479670487e-31,
+                                   7.771561172376103e-16,  3.330669073875473e-16,
+                                   3.2047474274603644e-31, 1.1102230246251577e-15,
+                                   4.440892098500632e-16,  5.423418723394464e-31,
+                                   1.7763568394002532e-15, 5.551115123125792e-16,
+                                   8.751425667295619e-31};
+  EXPECT_EQ(std::memcmp(&predicateState(), &expected, sizeof expected), 0);
 }
 
 // Overflow, underflow and infinities may end in any value, but end; NaN is passed on.

@@ -3,11 +3,10 @@
 #include <atomic>
 #include <cfloat>
 #include <cmath>
-#include <thread>
-#include <vector>
 
 #include "predicates/predicates.h"
 #include "support/exact.h"
+#include "support/threads.h"
 #include "zyl/geometry/geom.h"
 
 namespace {
@@ -31,28 +30,24 @@ TEST(PredicateThreads, InitialisationMayRunBesidePredicates) {
   EXPECT_EQ(orient2d(a, b, c), plain);
   ASSERT_FALSE(isExact());
 
-  std::atomic<int> started{0}, wrong{0};
-  std::vector<std::thread> threads;
-  for (int k = 0; k < 6; ++k) {
-    threads.emplace_back([&, initialises = k % 2 == 0] {
-      ++started;
-      while (started < 6) {
-        std::this_thread::yield();
-      }
-      if (initialises) {
-        geom_Init();
-      }
-      bool exactBefore = initialises;
-      for (int i = 0; i < 20000; ++i) {
-        wrong += exactBefore && !isExact();
-        exactBefore = exactBefore || isExact();
-      }
-    });
-  }
-  for (std::thread& thread : threads) {
-    thread.join();
-  }
-  EXPECT_EQ(wrong, 0);
+  std::atomic<int> started{0};
+  const auto countWrong = [&] {
+    const bool initialises = started++ % 2 == 0;
+    while (started < 6) {
+      std::this_thread::yield();
+    }
+    if (initialises) {
+      geom_Init();
+    }
+    bool exactBefore = initialises;
+    int wrong = 0;
+    for (int i = 0; i < 20000; ++i) {
+      wrong += exactBefore && !isExact();
+      exactBefore = exactBefore || isExact();
+    }
+    return wrong;
+  };
+  EXPECT_EQ(OnThreads(6, countWrong), std::vector<int>(6));
   EXPECT_TRUE(isExact());
 }
 

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -21,8 +20,6 @@
 namespace {
 
 using namespace zyl::geometry;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 template <class Box>
 using CornerOf = decltype(Box::min);

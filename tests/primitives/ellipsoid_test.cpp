@@ -13,7 +13,7 @@ namespace {
 
 using namespace zyl::geometry;
 
-constexpr double kDegree = 0.017453292519943295;
+constexpr double kDegree = kPi / 180;
 
 // Builds an ellipsoid and returns what it wrote to the standard error stream.
 std::string Complaint(Ellipsoid& out, const Coord3D& radii) {

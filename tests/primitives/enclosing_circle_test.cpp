@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <random>
 #include <set>
 
+#include "support/generate.h"
 #include "support/smallest_circle.h"
 #include "zyl/geometry/polyline3d.h"
 
@@ -142,8 +142,6 @@ TEST(SmallestEnclosingCircle, TakesTheFirstOfPointsEquallyFar) {
 }
 
 TEST(SmallestEnclosingCircle, AnswersWhateverTheCoordinates) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
   const double values[] = {0,      1,    -1,       1e-300,    1e154,      1e300, -1e308,
                            5e-324, 1e16, 1e16 + 2, kInfinity, -kInfinity, kNaN};
   std::mt19937_64 random(42);

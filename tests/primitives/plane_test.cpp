@@ -12,8 +12,6 @@ namespace {
 
 using namespace zyl::geometry;
 
-constexpr double kPi = 3.141592653589793;
-
 using Fields = std::array<double, 4>;
 
 Fields FieldsOf(const Plane& p) { return {p.a, p.b, p.c, p.d}; }

@@ -12,8 +12,6 @@ namespace {
 
 using namespace zyl::geometry;
 
-constexpr double kPi = 3.141592653589793;
-
 Segment Along(double x0, double x1) { return {Coord3D(x0, 0, 0), Coord3D(x1, 0, 0)}; }
 
 Coord3D DirectionOf(const Ray& ray) { return {ray.direction.x, ray.direction.y, ray.direction.z}; }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include "support/exact.h"
 #include "support/nearest.h"
@@ -16,8 +15,6 @@
 namespace {
 
 using namespace zyl::geometry;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // The right triangle of side 4 in the plane z = 0, or moved.
 Triangle Corner(double dx = 0, double dy = 0, double dz = 0) {

@@ -39,11 +39,11 @@ mpq_class Determinant(const std::array<Row<N>, N>& rows) {
   }
 }
 
-/// Sign of the determinant whose rows are the points relative to the last one. If that is a point
-/// more than the dimension needs, they are lifted onto the paraboloid first: each row ends with its
-/// sum of squares.
+/// The determinant whose rows are the points relative to the last one. If that is a point more than
+/// the dimension needs, they are lifted onto the paraboloid first: each row ends with its sum of
+/// squares.
 template <std::size_t Dim, std::size_t Count>
-int Sign(const std::array<const double*, Count>& points) {
+mpq_class Relative(const std::array<const double*, Count>& points) {
   constexpr std::size_t kRows = Count - 1;
   std::array<Row<kRows>, kRows> rows;
   for (std::size_t k = 0; k < kRows; ++k) {
@@ -54,28 +54,28 @@ int Sign(const std::array<const double*, Count>& points) {
       }
     }
   }
-  return sgn(Determinant<kRows>(rows));
+  return Determinant<kRows>(rows);
 }
 
 /// 1 if a, b, c turn counterclockwise, -1 if clockwise, 0 if they are collinear.
 inline int Orient2D(const double* a, const double* b, const double* c) {
-  return Sign<2, 3>({a, b, c});
+  return sgn(Relative<2, 3>({a, b, c}));
 }
 
 /// 1 if d lies below the plane through a, b, c (counterclockwise seen from above), -1 above, 0 on.
 inline int Orient3D(const double* a, const double* b, const double* c, const double* d) {
-  return Sign<3, 4>({a, b, c, d});
+  return sgn(Relative<3, 4>({a, b, c, d}));
 }
 
 /// 1 if d lies inside the circle through the counterclockwise a, b, c, -1 outside, 0 on it.
 inline int InCircle(const double* a, const double* b, const double* c, const double* d) {
-  return Sign<2, 4>({a, b, c, d});
+  return sgn(Relative<2, 4>({a, b, c, d}));
 }
 
 /// 1 if e lies inside the sphere through a, b, c, d of positive Orient3D, -1 outside, 0 on it.
 inline int InSphere(const double* a, const double* b, const double* c, const double* d,
                     const double* e) {
-  return Sign<3, 5>({a, b, c, d, e});
+  return sgn(Relative<3, 5>({a, b, c, d, e}));
 }
 
 }  // namespace exact

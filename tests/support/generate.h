@@ -9,7 +9,8 @@
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kTurn = 6.283185307179586;
+constexpr double kPi = 3.141592653589793;
+constexpr double kTurn = 2 * kPi;
 
 /// place(0) to place(n - 1).
 template <class Place>

@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
+#include <cmath>
 
+#include "support/generate.h"
 #include "zyl/geometry/coord.h"
 
 template <unsigned kSeed>
@@ -14,18 +15,12 @@ struct Seeded : testing::Test {
   std::mt19937 random{kSeed};
 
   /// A point, or a vector, of coordinates between -10 and 10.
-  zyl::geometry::Coord3D Point() { return Drawn(std::uniform_real_distribution<double>(-10, 10)); }
+  zyl::geometry::Coord3D Point() { return {Between(-10, 10), Between(-10, 10), Between(-10, 10)}; }
 
   /// Of whole numbers between -5 and 5: few enough that many cases are degenerate.
-  zyl::geometry::Coord3D WholePoint() { return Drawn(std::uniform_int_distribution<int>(-5, 5)); }
+  zyl::geometry::Coord3D WholePoint() { return {Whole(-5, 5), Whole(-5, 5), Whole(-5, 5)}; }
 
- private:
-  template <typename Distribution>
-  zyl::geometry::Coord3D Drawn(Distribution coordinate) {
-    zyl::geometry::Coord3D p;
-    for (int axis = 0; axis < 3; ++axis) {
-      p[axis] = coordinate(random);
-    }
-    return p;
-  }
+  double Whole(int least, int greatest) { return std::floor(Between(least, greatest + 1)); }
+
+  double Between(double from, double to) { return Uniform(random, from, to); }
 };

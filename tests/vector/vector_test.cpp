@@ -3,17 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "support/generate.h"
 #include "zyl/geometry/coord.h"
 #include "zyl/geometry/direction.h"
 
 namespace {
 
 using namespace zyl::geometry;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kPi = 3.141592653589793;
 
 TEST(Coord3D, IsMadeOfAnArrayAPointOrOneNumber) {
   double values[3] = {1, 2, 3};

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "support/failing_allocator.h"
+#include "support/generate.h"
 #include "voxel/id_list.h"
 #include "zyl/geometry/extent.h"
 
@@ -29,9 +30,6 @@ template struct Reveal<&Voxelation::GetExtent>;
 namespace {
 
 using IDs = std::set<int64>;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 Voxelation TenCubed() { return {Coord3D(0, 0, 0), Coord3D(10, 10, 10), 10, 10, 10}; }
 
