@@ -167,6 +167,15 @@ inline Expansion<4> two_two_diff(Two a, Two b) {
   return x;
 }
 
+inline Expansion<2> Product(const Factor& a, const Factor& b) {
+  const Two ab = two_product(a, b);
+  Expansion<2> x;
+  x.length = 0;
+  x.Append(ab.low);
+  x.component[x.length++] = ab.high;
+  return x;
+}
+
 /// A long sum that grows term by term, between two buffers of which one is current.
 template <int Capacity>
 class ExpansionSum {

@@ -1,7 +1,7 @@
 #pragma once
 
-// A number carried as three doubles: what stage B needs for the estimate of a long expansion,
-// at a fraction of the cost of forming it.
+// A number carried as three doubles: what stage B of `incircle` and `insphere` needs for the
+// estimate of a long expansion, at a fraction of the cost of forming it.
 //
 // Sums cascade: what rounding takes from the first double is added to the second, and what it takes
 // from there to the third (T. Ogita, S. M. Rump & S. Oishi, "Accurate Sum and Dot Product", SIAM
@@ -92,8 +92,7 @@ struct Estimate {
   double error;  ///< More than `det` is off by, or 0 if that is less than 1.2 of its roundings.
 };
 
-/// The determinant of `orient3d`, `incircle` or `insphere` computed in Triple arithmetic as a
-/// double.
+/// The determinant of `incircle` or `insphere`, computed in Triple arithmetic, as a double.
 ///
 /// Off by less than 2^-140 permanents before it is rounded: by counting roundings, 11000 eps^3 in
 /// the longest, of `insphere`. A determinant that is large beside that is as good as the estimate
