@@ -11,9 +11,6 @@ namespace {
 
 using namespace rings;
 
-// At this scale no plane fits, and x and y are taken as they are.
-constexpr double kUnit = 1.0 / 4096;
-
 void CheckLattice(fuzz::Input& input) {
   const auto next = [&input] {
     return Point2{1.0 * input.SmallInteger(), 1.0 * input.SmallInteger()};
@@ -23,11 +20,7 @@ void CheckLattice(fuzz::Input& input) {
   while (input.Left() > 0 && ring.size() < 60) {
     ring.push_back(next());
   }
-  const bool isInside =
-      OnTheGround(ring, kUnit).IsPointInside(query[0] * kUnit, query[1] * kUnit, 0);
-  const bool expected =
-      exact::HasArea(ring) && exact::EvenOdd(ring, query) != exact::Place::kOutside;
-  FUZZ_CHECK(isInside == expected || exact::IsOnCrossedEdge(ring, query));
+  FUZZ_CHECK(AnswersByEvenOddRule(ring, query, 1.0 / 4096));
 }
 
 void CheckAny(fuzz::Input& input) {

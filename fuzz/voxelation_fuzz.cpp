@@ -1,9 +1,8 @@
-// A voxel index over any box, beside a map from voxel to identifiers.
+// A voxel index over any box, beside a list of what was added and where.
 
 #include <algorithm>
-#include <map>
 #include <set>
-#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "input.h"
@@ -14,24 +13,25 @@ namespace {
 
 using namespace zyl::geometry;
 using Ids = std::set<int64>;
-using Voxel = std::tuple<int, int, int>;
 
 constexpr int kMostVoxels = 12;  // along one axis; memory stays bounded
 
-// The voxels of the range between two points.
-std::vector<Voxel> Range(const Voxelation& index, const Coord3D& low, const Coord3D& high) {
-  Voxelation::Location from{}, to{};
-  index.Locate(low, from);
-  index.Locate(high, to);
-  std::vector<Voxel> voxels;
-  for (int i = from.i; i <= to.i; ++i) {
-    for (int j = from.j; j <= to.j; ++j) {
-      for (int k = from.k; k <= to.k; ++k) {
-        voxels.emplace_back(i, j, k);
-      }
-    }
+// The voxels from one to another; none if they run backwards.
+struct Range {
+  Voxelation::Location from, to;
+
+  bool Meets(const Range& other) const {
+    return std::max(from.i, other.from.i) <= std::min(to.i, other.to.i) &&
+           std::max(from.j, other.from.j) <= std::min(to.j, other.to.j) &&
+           std::max(from.k, other.from.k) <= std::min(to.k, other.to.k);
   }
-  return voxels;
+};
+
+Range Between(const Voxelation& index, const Coord3D& low, const Coord3D& high) {
+  Range range{};
+  index.Locate(low, range.from);
+  index.Locate(high, range.to);
+  return range;
 }
 
 }  // namespace
@@ -50,7 +50,16 @@ void fuzz::Run(Input& input) {
     return;
   }
 
-  std::map<Voxel, Ids> model;
+  std::vector<std::pair<Range, int64>> added;
+  const auto idsIn = [&added](const Range& range) {
+    Ids ids;
+    for (const auto& [where, id] : added) {
+      if (where.Meets(range)) {
+        ids.insert(id);
+      }
+    }
+    return ids;
+  };
   const int steps = input.Byte() % 32;
   for (int step = 0; step < steps && input.Left() > 0; ++step) {
     const Coord3D a = input.Next<Coord3D>();
@@ -58,27 +67,20 @@ void fuzz::Run(Input& input) {
     const bool isPoint = input.Byte() % 2 == 0;
     const Coord3D b = isPoint ? a : input.Next<Coord3D>();
     FUZZ_CHECK(isPoint ? index.AddPoint(a, id) : index.AddExtent(Extent(a, b), id));
-    for (const Voxel& voxel : Range(index, a, b)) {
-      model[voxel].insert(id);
-    }
+    added.emplace_back(Between(index, a, b), id);
   }
 
   const Voxelation copy(index);
-  for (int i = -1; i <= dims[0]; ++i) {
-    for (int j = -1; j <= dims[1]; ++j) {
-      for (int k = -1; k <= dims[2]; ++k) {
-        Ids found;
-        copy.CollectIDsAt(found, i, j, k);
-        FUZZ_CHECK(found == model[Voxel(i, j, k)]);
-      }
-    }
+  const int ni = dims[0] + 2, nj = dims[1] + 2, nk = dims[2] + 2;  // a layer around the voxels, too
+  for (int n = 0; n < ni * nj * nk; ++n) {
+    Voxelation::Location voxel{n % ni - 1, n / ni % nj - 1, n / ni / nj - 1};
+    Ids found;
+    copy.CollectIDsAt(found, voxel);
+    FUZZ_CHECK(found == idsIn({voxel, voxel}));
   }
   const Coord3D centre = input.Next<Coord3D>();
   const Coord3D half = input.Next<Coord3D>();
-  Ids wanted;
-  for (const Voxel& voxel : Range(index, centre - half, centre + half)) {
-    wanted.insert(model[voxel].begin(), model[voxel].end());
-  }
+  const Ids wanted = idsIn(Between(index, centre - half, centre + half));
   Ids near;
   FUZZ_CHECK(index.CollectIDsNear(near, centre, half.x, half.y, half.z) == !wanted.empty());
   FUZZ_CHECK(near == wanted);

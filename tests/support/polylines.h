@@ -26,4 +26,12 @@ inline Polyline3D OnTheGround(const Ring2& ring, double unit) {
   return polyline;
 }
 
+/// Whether p lies inside as the even-odd rule has it, or on an edge that another one crosses. The
+/// unit has to be so small that no plane fits: x and y are then taken as they are.
+inline bool AnswersByEvenOddRule(const Ring2& ring, const Point2& p, double unit) {
+  const bool isInside = OnTheGround(ring, unit).IsPointInside(p[0] * unit, p[1] * unit, 0);
+  const bool expected = exact::HasArea(ring) && exact::EvenOdd(ring, p) != exact::Place::kOutside;
+  return isInside == expected || exact::IsOnCrossedEdge(ring, p);
+}
+
 }  // namespace rings
