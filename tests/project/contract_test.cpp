@@ -53,13 +53,11 @@ static_assert(
             INTERSECT2D_FIRST_END, INTERSECT2D_SECOND_START, INTERSECT2D_SECOND_END,
             INTERSECT2D_SHARED_FIRST_START, INTERSECT2D_SHARED_FIRST_END, INTERSECT2D_OVERLAP>());
 
-constexpr std::size_t kDouble = sizeof(double);
-
 // A value of `count` doubles that may be stored in arrays and copied as bytes.
 template <class T>
 constexpr bool IsPlain(std::size_t count) {
   return std::is_standard_layout_v<T> && std::is_trivially_copyable_v<T> &&
-         !std::is_polymorphic_v<T> && sizeof(T) == count * kDouble;
+         !std::is_polymorphic_v<T> && sizeof(T) == count * sizeof(double);
 }
 
 static_assert(IsPlain<Coord2D>(2) && IsPlain<Coord3D>(3) && IsPlain<Coord4D>(4) &&
@@ -69,28 +67,12 @@ static_assert(IsPlain<Extent>(6) && IsPlain<Bounds3D>(6) && IsPlain<Extent_type_
               IsPlain<Extent2D>(4) && IsPlain<Bounds2D>(4));
 static_assert(IsPlain<Segment>(6) && IsPlain<Ray>(6) && IsPlain<Intersection>(4));
 static_assert(IsPlain<Triangle>(9) && IsPlain<Ellipsoid>(18) && IsPlain<EncCircle>(3));
-static_assert(std::is_standard_layout_v<Plane> && sizeof(Plane) == 4 * kDouble);
-static_assert(std::is_trivially_copyable_v<Voxelation::Location> &&
-              sizeof(Voxelation::Location) == 3 * sizeof(int));
-
-static_assert(offsetof(Coord3D, y) == kDouble && offsetof(Coord3D, z) == 2 * kDouble &&
-              offsetof(Point3D, y) == kDouble && offsetof(Point3D, z) == 2 * kDouble &&
-              offsetof(Direction, y) == kDouble && offsetof(Direction, z) == 2 * kDouble &&
-              offsetof(Coord4D, z) == 2 * kDouble && offsetof(Coord4D, w) == 3 * kDouble);
-static_assert(offsetof(Extent, max) == 3 * kDouble && offsetof(Bounds3D, max) == 3 * kDouble &&
-              offsetof(Extent2D, max) == 2 * kDouble && offsetof(Bounds2D, max) == 2 * kDouble);
-static_assert(offsetof(Plane, b) == kDouble && offsetof(Plane, c) == 2 * kDouble &&
-              offsetof(Plane, d) == 3 * kDouble);
-static_assert(offsetof(Segment, end) == 3 * kDouble && offsetof(Ray, direction) == 3 * kDouble &&
-              offsetof(Intersection, parameter) == 3 * kDouble);
-static_assert(offsetof(Triangle, p1) == 3 * kDouble && offsetof(Triangle, p2) == 6 * kDouble);
-static_assert(offsetof(Ellipsoid, ratios) == 3 * kDouble &&
-              offsetof(Ellipsoid, angles) == 6 * kDouble &&
-              offsetof(Ellipsoid, matrix) == 9 * kDouble);
-static_assert(offsetof(EncCircle, y) == kDouble && offsetof(EncCircle, radius) == 2 * kDouble);
-static_assert(offsetof(Voxelation::Location, k) == 2 * sizeof(int));
 
 // Types of fields, conversions, and what kinds of classes there are.
+static_assert(std::is_standard_layout_v<Plane> && sizeof(Plane) == 4 * sizeof(double));
+static_assert(std::is_trivially_copyable_v<Voxelation::Location> &&
+              sizeof(Voxelation::Location) == 3 * sizeof(int) &&
+              offsetof(Voxelation::Location, k) == 2 * sizeof(int));
 static_assert(std::is_same_v<decltype(Extent::min), Coord3D> &&
               std::is_same_v<decltype(Bounds3D::max), Coord3D> &&
               std::is_same_v<decltype(Extent2D::min), Coord2D> &&
