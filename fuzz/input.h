@@ -64,7 +64,6 @@ class Input {
 
   /// Chooses the kind of the coordinates that follow.
   void DrawKind() { kind_ = Byte() % 3; }
-  bool IsRaw() const { return kind_ == 0; }
 
  private:
   void Read(void* target, std::size_t count) {

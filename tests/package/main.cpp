@@ -4,6 +4,7 @@
 #include <zyl/geometry/geometry.h>
 
 #include <cstdio>
+#include <vector>
 
 int main() {
   using zyl::geometry::Coord3D;
@@ -14,12 +15,8 @@ int main() {
   const bool left = geom_Orient2D(Coord3D(0, 0, 0), Coord3D(1, 0, 0), Coord3D(0, 1, 0), 0.0) ==
                     zyl::geometry::ORIENT_COUNTERCLOCKWISE;
 
-  Polyline3D ring;
-  ring.Add(0, 0, 5);
-  ring.Add(4, 0, 5);
-  ring.Add(4, 4, 5);
-  ring.Add(0, 4, 5);
-  ring.SetClosed(true);
+  const Polyline3D ring(
+      std::vector<Point3D>{{0, 0, 5}, {4, 0, 5}, {4, 4, 5}, {0, 4, 5}, {0, 0, 5}});
   const bool inside = ring.IsPointInside(Point3D(1, 1, 5));
   const bool outside = !ring.IsPointInside(Point3D(5, 1, 5));
 
