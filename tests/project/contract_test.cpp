@@ -34,39 +34,14 @@ struct Makes;
 template <class Class, class... Arguments>
 struct Makes<Class(Arguments...)> : std::is_constructible<Class, Arguments...> {};
 
-#include "signatures.h"  // made from signatures.txt
-
-// Whether these enumerators have the values 0, 1, 2...
-template <auto... enumerators>
-constexpr bool CountUp() {
-  int next = 0;
-  return ((enumerators == next++) && ...);
-}
-
-static_assert(CountUp<COORDINATE_X, COORDINATE_Y, COORDINATE_Z>());
-static_assert(CountUp<ORIENT_UNDEFINED, ORIENT_BELOW, ORIENT_ABOVE, ORIENT_COPLANAR,
-                      ORIENT_CLOCKWISE, ORIENT_COUNTERCLOCKWISE, ORIENT_COLLINEAR, ORIENT_ON,
-                      ORIENT_INSIDE, ORIENT_OUTSIDE, ORIENT_ON_EDGE, ORIENT_ON_VERTEX>());
-static_assert(
-    CountUp<INTERSECT2D_UNDEFINED, INTERSECT2D_NONE, INTERSECT2D_CROSSING,
-            INTERSECT2D_FIRST_ON_SECOND, INTERSECT2D_SECOND_ON_FIRST, INTERSECT2D_FIRST_START,
-            INTERSECT2D_FIRST_END, INTERSECT2D_SECOND_START, INTERSECT2D_SECOND_END,
-            INTERSECT2D_SHARED_FIRST_START, INTERSECT2D_SHARED_FIRST_END, INTERSECT2D_OVERLAP>());
-
 // A value of `count` doubles that may be stored in arrays and copied as bytes.
-template <class T>
-constexpr bool IsPlain(std::size_t count) {
+template <class T, std::size_t count>
+constexpr bool IsPlain() {
   return std::is_standard_layout_v<T> && std::is_trivially_copyable_v<T> &&
          !std::is_polymorphic_v<T> && sizeof(T) == count * sizeof(double);
 }
 
-static_assert(IsPlain<Coord2D>(2) && IsPlain<Coord3D>(3) && IsPlain<Coord4D>(4) &&
-              IsPlain<Point3D>(3) && IsPlain<Direction>(3));
-static_assert(IsPlain<Matrix3>(9) && IsPlain<Matrix4>(16));
-static_assert(IsPlain<Extent>(6) && IsPlain<Bounds3D>(6) && IsPlain<Extent_type_s>(7) &&
-              IsPlain<Extent2D>(4) && IsPlain<Bounds2D>(4));
-static_assert(IsPlain<Segment>(6) && IsPlain<Ray>(6) && IsPlain<Intersection>(4));
-static_assert(IsPlain<Triangle>(9) && IsPlain<Ellipsoid>(18) && IsPlain<EncCircle>(3));
+#include "contract.h"  // made from contract.txt
 
 // Types of fields, conversions, and what kinds of classes there are.
 static_assert(std::is_standard_layout_v<Plane> && sizeof(Plane) == 4 * sizeof(double));

@@ -1,6 +1,6 @@
-# Turns the table of signatures into assertions, for a unit that has IsMember, IsFree and Makes.
+# Turns the table of what programs rely on into assertions.
 #
-#   cmake -DTABLE=<table> -DOUT=<header> -P signatures.cmake
+#   cmake -DTABLE=<table> -DOUT=<header> -P contract.cmake
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -21,6 +21,10 @@ foreach(line IN LISTS lines)
   list(POP_FRONT facts type)
   if(type STREQUAL "constructors")
     list(TRANSFORM facts REPLACE "^(.+)$" "Makes<Self\\1>()")
+  elseif(type STREQUAL "doubles")
+    list(TRANSFORM facts REPLACE "^(.+)$" "IsPlain<Self, \\1>()")
+  elseif(type STREQUAL "values")
+    list(TRANSFORM facts REPLACE "^(.+) (.+)$" "\\1 == \\2")
   elseif(type STREQUAL "offsets")
     list(TRANSFORM facts REPLACE "^(.+) (.+)$" "offsetof(Self, \\1) == \\2 * sizeof(double)")
   else()
