@@ -21,13 +21,9 @@ void ExpectFalseOnEveryFailure(const std::function<bool()>& ask) {
   ASSERT_TRUE(ask());
   testing::internal::CaptureStderr();
   const long allocations = ForEveryAllocation([&](long k, bool all) {
-    bool answer = false;
-    bool hasFailed = false;
-    {
-      const FailAllocation failure(k, all);
-      answer = ask();
-      hasFailed = failure.HasFailed();
-    }
+    FailAllocation failure(k, all);
+    const bool answer = ask();
+    const bool hasFailed = failure.End();
     EXPECT_EQ(answer, !hasFailed) << "allocation " << k;
     EXPECT_TRUE(ask()) << "after allocation " << k;
     return hasFailed;
@@ -97,21 +93,20 @@ TEST(AllocationFailure, ChangesToAPolylineHappenWhollyOrNotAtAll) {
 
 TEST(AllocationFailure, APolygonSetKeepsWhatItHas) {
   EXPECT_EQ(ForEveryAllocation([](long k, bool all) {
-              const FailAllocation failure(k, all);
+              FailAllocation failure(k, all);
               const std::unique_ptr<PolygonSet, PolygonSetRelease> set(PolygonSet_Create(3));
-              EXPECT_EQ(set == nullptr, failure.HasFailed());
-              return failure.HasFailed();
+              EXPECT_EQ(set == nullptr, failure.End());
+              return set == nullptr;
             }),
             2);
 
   const std::unique_ptr<PolygonSet, PolygonSetRelease> set(PolygonSet_Create(1));
   PolygonSet_AddPoint(set.get(), 1, 2, 3, 4);
-  {
-    const FailAllocation failure(1, true);
-    EXPECT_EQ(PolygonSet_AddPoint(set.get(), 1, 5, 6, 7), 1);
-    PolygonSet_Group(set.get());
-    PolygonSet_Triangulate(set.get());
-  }
+  FailAllocation failure(1, true);
+  EXPECT_EQ(PolygonSet_AddPoint(set.get(), 1, 5, 6, 7), 1);
+  PolygonSet_Group(set.get());
+  PolygonSet_Triangulate(set.get());
+  failure.End();
   EXPECT_EQ(set->pointCount, 1);
   EXPECT_EQ(set->points[0].z, 4);
   EXPECT_EQ(set->polygonCount, 0);

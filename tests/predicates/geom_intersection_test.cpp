@@ -16,9 +16,8 @@ namespace {
 
 using namespace zyl::geometry;
 
-class GeomIntersection : public ::testing::Test {
- protected:
-  void SetUp() override { geom_Init(); }
+struct GeomIntersection : testing::Test {
+  GeomIntersection() { geom_Init(); }
 };
 
 bool SamePoint(const Intersection& i, double x, double y) {

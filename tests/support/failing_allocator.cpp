@@ -83,12 +83,12 @@ FailAllocation::FailAllocation(long k, bool andAllLater) {
   laterFailToo = andAllLater;
 }
 
-FailAllocation::~FailAllocation() {
+bool FailAllocation::End() {
+  const bool hasFailed = allocations >= chosen;
   chosen = 0;
   laterFailToo = false;
+  return hasFailed;
 }
-
-bool FailAllocation::HasFailed() const { return allocations >= chosen; }
 
 long LiveBlocks() { return liveBlocks; }
 

@@ -15,12 +15,12 @@ namespace faults {
 class FailAllocation {
  public:
   FailAllocation(long k, bool andAllLater);
-  ~FailAllocation();
+  ~FailAllocation() { End(); }
   FailAllocation(const FailAllocation&) = delete;
   FailAllocation& operator=(const FailAllocation&) = delete;
 
-  /// Whether it has come to that.
-  bool HasFailed() const;
+  /// From here on none fails any more. Returns whether one has.
+  bool End();
 };
 
 /// Blocks, and bytes, that this program has allocated and not yet released.

@@ -41,13 +41,9 @@ TEST_F(Allocation, EveryFailureIsReportedLeaksNothingAndLeavesNoOutput) {
     faults::ForEveryAllocation([&](long k, bool all) {
       testing::internal::CaptureStderr();
       Arrays out;
-      int result = 0;
-      bool hasFailed = false;
-      {
-        const faults::FailAllocation failure(k, all);
-        result = out.Triangulate(points);
-        hasFailed = failure.HasFailed();
-      }
+      faults::FailAllocation failure(k, all);
+      const int result = out.Triangulate(points);
+      const bool hasFailed = failure.End();
       const std::string message = testing::internal::GetCapturedStderr();
       EXPECT_EQ(result, hasFailed ? -1 : 0) << "allocation " << k;
       EXPECT_EQ(out.AreEmpty(), hasFailed) << "allocation " << k;

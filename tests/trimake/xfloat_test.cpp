@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <random>
 
 #include "support/generate.h"
 
@@ -14,8 +12,6 @@ namespace {
 
 using zyl::geometry::internal::XFloat;
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr std::uint64_t kBias = (std::uint64_t{1} << 63) - 1;
 constexpr std::size_t kBits = 320;
 constexpr std::uint64_t kTop = std::uint64_t{1} << 63;
