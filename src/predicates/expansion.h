@@ -191,6 +191,9 @@ class ExpansionSum {
 
   template <int N>
   void Add(const Expansion<N>& term) {
+    if (term.MostSignificant() == 0.0) {
+      return;
+    }
     Expansion<Capacity>& next = buffers_[1 - now_];
     assert(Now().length + term.length <= Capacity);
     next.length = fast_expansion_sum_zeroelim(Now().length, Now().component, term.length,

@@ -16,21 +16,11 @@ double Correction(const Vec3& a, const Vec3& at, const Vec3& b, const Vec3& bt, 
   return a.z.value * CrossCorrection(b, bt, c, ct) + at.z.value * RoundedCross(b, c);
 }
 
-// e z, where z is there at all.
-template <int N>
-void AddProduct(Sum& sum, const Expansion<N>& e, const Factor& z) {
-  if (z.value != 0.0) {
-    sum.Add(e * z);
-  }
-}
-
 // xt yt (z + zt): of the tails of x and y, what is left of a cross product.
 void AddTails(Sum& sum, const Factor& xt, const Factor& yt, const Factor& z, const Factor& zt) {
-  if (xt.value != 0.0 && yt.value != 0.0) {
-    const Expansion<2> product = Product(xt, yt);
-    AddProduct(sum, product, z);
-    AddProduct(sum, product, zt);
-  }
+  const Expansion<2> product = Product(xt, yt);
+  sum.Add(product * z);
+  sum.Add(product * zt);
 }
 
 }  // namespace
@@ -70,21 +60,21 @@ double orient3dadapt(const double* pa, const double* pb, const double* pc, const
   const Expansion<8> cat = Cross(ct, a) + Cross(c, at);
   const Expansion<8> abt = Cross(at, b) + Cross(a, bt);
   Sum sum(heads);
-  AddProduct(sum, bct, a.z);
-  AddProduct(sum, cat, b.z);
-  AddProduct(sum, abt, c.z);
-  AddProduct(sum, bc, at.z);
-  AddProduct(sum, ca, bt.z);
-  AddProduct(sum, ab, ct.z);
+  sum.Add(bct * a.z);
+  sum.Add(cat * b.z);
+  sum.Add(abt * c.z);
+  sum.Add(bc * at.z);
+  sum.Add(ca * bt.z);
+  sum.Add(ab * ct.z);
   AddTails(sum, at.x, bt.y, c.z, ct.z);
   AddTails(sum, -at.x, ct.y, b.z, bt.z);
   AddTails(sum, bt.x, ct.y, a.z, at.z);
   AddTails(sum, -bt.x, at.y, c.z, ct.z);
   AddTails(sum, ct.x, at.y, b.z, bt.z);
   AddTails(sum, -ct.x, bt.y, a.z, at.z);
-  AddProduct(sum, bct, at.z);
-  AddProduct(sum, cat, bt.z);
-  AddProduct(sum, abt, ct.z);
+  sum.Add(bct * at.z);
+  sum.Add(cat * bt.z);
+  sum.Add(abt * ct.z);
   return sum.MostSignificant();
 }
 
