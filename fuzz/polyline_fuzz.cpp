@@ -47,6 +47,8 @@ void fuzz::Run(Input& input) {
   for (int i = 0; i < steps && input.Left() > 0; ++i) {
     Edit(line, input);
   }
+  const Polyline3D copy(line);
+  FUZZ_CHECK((copy == line) != (copy != line));
   line.GetCenterPoint();
   line.PrintDebug();
   line.IsClockwise();

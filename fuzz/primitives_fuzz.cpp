@@ -13,6 +13,9 @@ namespace {
 using namespace zyl::geometry;
 
 void CheckBoxes(const Extent& a, const Extent& b, const Coord3D& p, bool isExact) {
+  a.Hit(b);
+  a.IsOverlapping(b);
+  a.IsInside(b);
   Extent common;
   a.GetIntersection(b, common);
   a.GetOctants();
@@ -29,6 +32,7 @@ void AskSegments(Segment s, Segment t, const Coord3D& p) {
   double distance = 0;
   s.GetNearestPoint(p, distance);
   s.GetNearestPoint(t, distance);
+  s.Distance(t);
   s.AngleBetween(t);
   s.ProjectPoint(p);
 }

@@ -1,37 +1,22 @@
 // A voxel index over any box, beside a list of what was added and where.
 
 #include <algorithm>
-#include <set>
-#include <utility>
-#include <vector>
 
 #include "input.h"
-#include "zyl/geometry/extent.h"
-#include "zyl/geometry/voxelation.h"
+#include "support/voxels.h"
 
 namespace {
 
 using namespace zyl::geometry;
-using Ids = std::set<int64>;
 
 constexpr int kMostVoxels = 12;  // along one axis; memory stays bounded
 
-// The voxels from one to another; none if they run backwards.
-struct Range {
-  Voxelation::Location from, to;
-
-  bool Meets(const Range& other) const {
-    return std::max(from.i, other.from.i) <= std::min(to.i, other.to.i) &&
-           std::max(from.j, other.from.j) <= std::min(to.j, other.to.j) &&
-           std::max(from.k, other.from.k) <= std::min(to.k, other.to.k);
-  }
-};
-
-Range Between(const Voxelation& index, const Coord3D& low, const Coord3D& high) {
-  Range range{};
-  index.Locate(low, range.from);
-  index.Locate(high, range.to);
-  return range;
+// The voxels from that of one point to that of another.
+Extent Between(const Voxelation& index, const Coord3D& low, const Coord3D& high) {
+  Voxelation::Location from{}, to{};
+  index.Locate(low, from);
+  index.Locate(high, to);
+  return {Coord3D(from.i, from.j, from.k), Coord3D(to.i, to.j, to.k)};
 }
 
 }  // namespace
@@ -50,16 +35,7 @@ void fuzz::Run(Input& input) {
     return;
   }
 
-  std::vector<std::pair<Range, int64>> added;
-  const auto idsIn = [&added](const Range& range) {
-    Ids ids;
-    for (const auto& [where, id] : added) {
-      if (where.Meets(range)) {
-        ids.insert(id);
-      }
-    }
-    return ids;
-  };
+  voxels::Added added;
   const int steps = input.Byte() % 32;
   for (int step = 0; step < steps && input.Left() > 0; ++step) {
     const Coord3D a = input.Next<Coord3D>();
@@ -74,14 +50,14 @@ void fuzz::Run(Input& input) {
   const int ni = dims[0] + 2, nj = dims[1] + 2, nk = dims[2] + 2;  // a layer around the voxels, too
   for (int n = 0; n < ni * nj * nk; ++n) {
     Voxelation::Location voxel{n % ni - 1, n / ni % nj - 1, n / ni / nj - 1};
-    Ids found;
+    voxels::IDs found;
     copy.CollectIDsAt(found, voxel);
-    FUZZ_CHECK(found == idsIn({voxel, voxel}));
+    FUZZ_CHECK(found == voxels::In(added, Coord3D(voxel.i, voxel.j, voxel.k)));
   }
   const Coord3D centre = input.Next<Coord3D>();
   const Coord3D half = input.Next<Coord3D>();
-  const Ids wanted = idsIn(Between(index, centre - half, centre + half));
-  Ids near;
+  const voxels::IDs wanted = voxels::In(added, Between(index, centre - half, centre + half));
+  voxels::IDs near;
   FUZZ_CHECK(index.CollectIDsNear(near, centre, half.x, half.y, half.z) == !wanted.empty());
   FUZZ_CHECK(near == wanted);
 }

@@ -12,8 +12,8 @@
 
 #include "support/failing_allocator.h"
 #include "support/generate.h"
+#include "support/voxels.h"
 #include "voxel/id_list.h"
-#include "zyl/geometry/extent.h"
 
 namespace zyl::geometry {
 
@@ -29,7 +29,7 @@ template struct Reveal<&Voxelation::GetExtent>;
 
 namespace {
 
-using IDs = std::set<int64>;
+using voxels::IDs;
 
 Voxelation TenCubed() { return {Coord3D(0, 0, 0), Coord3D(10, 10, 10), 10, 10, 10}; }
 
@@ -201,12 +201,6 @@ Extent VoxelsOf(const Extent& box) {
   return {indices(box.min), indices(box.max)};
 }
 
-// An inverted box has nothing in common with any.
-bool HaveCommon(Extent a, Extent b) {
-  const Coord3D low = a.min.maximum(b.min), high = a.max.minimum(b.max);
-  return low.x <= high.x && low.y <= high.y && low.z <= high.z;
-}
-
 // Three ways to add identifiers to the voxels of a region, and three to collect them.
 TEST(Voxelation, AgreesWithAListOfAllThatWasAdded) {
   std::mt19937_64 random(30);
@@ -217,7 +211,7 @@ TEST(Voxelation, AgreesWithAListOfAllThatWasAdded) {
     return Coord3D(draw(low, high), draw(low, high), draw(low, high));
   };
   Voxelation grid(Coord3D(0, 0, 0), Coord3D(8, 8, 8), 8, 8, 8);
-  std::vector<std::pair<Extent, int64>> added;
+  voxels::Added added;
   constexpr int64 kExtremes[] = {std::numeric_limits<int64>::min(),
                                  std::numeric_limits<int64>::max(), 0, 1, -1};
   for (int step = 0; step < 6000; ++step) {
@@ -246,16 +240,12 @@ TEST(Voxelation, AgreesWithAListOfAllThatWasAdded) {
          [&] { return grid.CollectIDsNear(ids, a, half.x, half.y, half.z); }},
         {Coord3D(voxel.i, voxel.j, voxel.k), [&] { return grid.CollectIDsAt(ids, voxel); }}};
     const int number = draw(0, 5);
-    const auto& [voxels, operation] = operations[number];
+    const auto& [range, operation] = operations[number];
     const bool answer = operation();
     if (number < 3) {
-      added.emplace_back(voxels, id);
+      added.emplace_back(range, id);
     } else {
-      for (const auto& [where, what] : added) {
-        if (HaveCommon(where, voxels)) {
-          expected.insert(what);
-        }
-      }
+      expected.merge(voxels::In(added, range));
     }
     ASSERT_EQ(ids, expected);
     ASSERT_EQ(answer, number < 3 || !expected.empty());
