@@ -2,6 +2,8 @@
 
 // The same work on several threads at once.
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <thread>
 #include <vector>
@@ -18,4 +20,16 @@ auto OnThreads(std::size_t count, Work work) {
     thread.join();
   }
   return results;
+}
+
+/// The same, and expects it to be what one thread gets alone, which is returned. That one comes
+/// last: whatever is done once in a process is done on several threads at once.
+template <class Work>
+auto ExpectTheSameOnThreads(std::size_t count, Work work) {
+  const auto results = OnThreads(count, work);
+  const auto expected = work();
+  for (const auto& each : results) {
+    EXPECT_EQ(each, expected);
+  }
+  return expected;
 }

@@ -30,10 +30,7 @@ TEST(VoxelationThreads, AskedAtOnceAllGetTheAnswersOfOne) {
     }
     return answers;
   };
-  const std::vector<IDs> expected = ask();
-  for (const std::vector<IDs>& each : OnThreads(8, ask)) {
-    EXPECT_EQ(each, expected);
-  }
+  ExpectTheSameOnThreads(8, ask);
 }
 
 }  // namespace
