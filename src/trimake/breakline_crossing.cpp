@@ -139,12 +139,14 @@ void AddList(TrimakeState& state, TEdge* edge, const TInfo* added) {
   edge->twin->info = list;
 }
 
-// Removes the triangle to the left of a half-edge if a corner of it is as good as on the opposite
-// side: a breakline along that side moves to the other two, and the side gives way to an edge from
-// the corner to beyond it. Empties no circles, which would bring the triangle back: the corners are
-// left for the end of the pass. Returns false if nothing changed.
-bool RemoveThin(TrimakeState& state, TEdge* e) {
-  for (TEdge* const side : {e, e->twin->prev, e->next->twin}) {
+// Removes a triangle beside the breakline c if a corner of it is as good as on the opposite side: a
+// breakline along that side moves to the other two, and the side gives way to an edge from the
+// corner to beyond it. The side may be c itself: that comes first, for it gets on, while flips of
+// free sides may undo each other. Empties no circles, which would bring the triangle back: the
+// corners are left for the end of the pass. Returns false if nothing changed.
+bool RemoveThin(TrimakeState& state, TEdge* c) {
+  for (TEdge* const side :
+       {c, c->twin, c->twin->prev, c->next->twin, c->prev, c->twin->next->twin}) {
     const TQuadrilateral q(side);
     if (!IsAsGoodAsOn(q.beyond, q.left, q.right)) {
       continue;
@@ -187,7 +189,7 @@ TCrossing tri_Cross_Breakline(TrimakeState& state, TEdge* c, const TVertex* a, c
       }
     }
     if (!MoveIntoSight(q, &w)) {
-      if (RemoveThin(state, c) || RemoveThin(state, c->twin)) {
+      if (RemoveThin(state, c)) {
         return kThinned;
       }
       MoveOntoEdge(q, a, p, &w);

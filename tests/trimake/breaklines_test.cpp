@@ -183,6 +183,14 @@ TEST(Breaklines, SpikesThatRunBackOnThemselvesTurnNoTriangle) {
   }
 }
 
+// What is left of such a ring: on both sides of a breakline that the last segment crosses are
+// triangles thinner than the coordinates are precise.
+TEST(Breaklines, CrossBetweenThinTriangles) {
+  Check(Lines({{844.89011236655756, 484.9123687254862, 579.81871963885146, 564.75039194071815,
+                762.56786116236378, 509.70737106480732, 669.75685086045405, 537.66152907055164,
+                708.23864683486329, 526.07102702220448, 500, 816}}));
+}
+
 // Segments along one line, all off it by the last bits of their ends: crossing points fall outside
 // the triangles around them. Every pair crosses at most once; without a bound one set of 32 points
 // grew to 395 197 vertices.
