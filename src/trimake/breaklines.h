@@ -8,6 +8,9 @@
 // triangulation). A sound triangulation, all of whose triangles are counterclockwise, stays sound,
 // but for crossings worse than tri_Cross_Breakline can mend. On others, and should a predicate
 // overflow, segments may fail, but a step looks at its whole corridor before it removes an edge.
+//
+// The new vertex is rounded. So of segments nearly in line one may run past a vertex that is on it,
+// and one may run back over itself: its way is the edges that it is on an odd number of times.
 
 #include "trimake/quadrilateral.h"
 #include "trimake/records.h"

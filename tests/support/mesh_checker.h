@@ -23,7 +23,8 @@ namespace mesh {
 /// Checks one triangulation of one input; `Check` is the way to it.
 class Checker {
  public:
-  Checker(const Points& input, const Triangulation& mesh) : input_(input), mesh_(mesh) {}
+  Checker(const Points& input, const Triangulation& mesh, bool isRounded)
+      : input_(input), mesh_(mesh), isRounded_(isRounded) {}
 
   void Run() {
     ASSERT_EQ(mesh_.result, 0);
@@ -177,9 +178,14 @@ class Checker {
     EXPECT_TRUE(paths.empty()) << "edges name segments that do not exist";
   }
 
-  static void CheckPath(const Path& path, int from, int to) {
+  void CheckPath(const Path& path, int from, int to) const {
+    EXPECT_TRUE(path.count(from));
     for (const auto& [vertex, others] : path) {
-      EXPECT_EQ(others.size(), vertex == from || vertex == to ? 1u : 2u) << "at " << vertex;
+      const std::size_t degree = isRounded_ ? 2 - others.size() % 2 : others.size();
+      EXPECT_EQ(degree, vertex == from || vertex == to ? 1u : 2u) << "at " << vertex;
+    }
+    if (isRounded_) {
+      return;
     }
     std::size_t visited = 1;
     for (int at = from, before = 0; at != to && visited <= path.size(); ++visited) {
@@ -198,7 +204,7 @@ class Checker {
     const TPoint &a = Vertex(from), &b = Vertex(to);
     const double dx = b.x - a.x, dy = b.y - a.y;
     const double length = std::hypot(dx, dy);
-    bool isBent = false;
+    bool isBent = isRounded_;
     for (const auto& [vertex, others] : path) {
       const TPoint& q = Vertex(vertex);
       const double distance = std::abs(dx * (q.y - a.y) - dy * (q.x - a.x)) / length;
@@ -217,13 +223,21 @@ class Checker {
 
   const Points& input_;
   const Triangulation& mesh_;
+  bool isRounded_;
   int sortedCount_ = 0;
   std::map<int, int> next_;  // along the boundary
 };
 
 /// Fails the running test unless `mesh` is the triangulation of `input`: Delaunay but for its
 /// breaklines, which cover every requested segment.
-inline void Check(const Points& input, const Triangulation& mesh) { Checker(input, mesh).Run(); }
+inline void Check(const Points& input, const Triangulation& mesh) {
+  Checker(input, mesh, false).Run();
+}
 inline void Check(const Points& input) { Check(input, Triangulate(input)); }
+
+/// The same of breaklines so nearly in line that the rounding of crossings decides where they run.
+/// One may miss a vertex on it, and run back over itself: it covers its segment modulo 2, which is
+/// all that even-odd marks go by.
+inline void CheckRounded(const Points& input) { Checker(input, Triangulate(input), true).Run(); }
 
 }  // namespace mesh
