@@ -1,4 +1,4 @@
-// A voxel index over any box, beside a list of what was added and where.
+// A voxel index over any box, beside a map of sets.
 
 #include <algorithm>
 
@@ -35,7 +35,7 @@ void fuzz::Run(Input& input) {
     return;
   }
 
-  voxels::Added added;
+  voxels::Content content;
   const int steps = input.Byte() % 32;
   for (int step = 0; step < steps && input.Left() > 0; ++step) {
     const Coord3D a = input.Next<Coord3D>();
@@ -43,7 +43,7 @@ void fuzz::Run(Input& input) {
     const bool isPoint = input.Byte() % 2 == 0;
     const Coord3D b = isPoint ? a : input.Next<Coord3D>();
     FUZZ_CHECK(isPoint ? index.AddPoint(a, id) : index.AddExtent(Extent(a, b), id));
-    added.emplace_back(Between(index, a, b), id);
+    voxels::Add(content, Between(index, a, b), id);
   }
 
   const Voxelation copy(index);
@@ -52,11 +52,11 @@ void fuzz::Run(Input& input) {
     Voxelation::Location voxel{n % ni - 1, n / ni % nj - 1, n / ni / nj - 1};
     voxels::IDs found;
     copy.CollectIDsAt(found, voxel);
-    FUZZ_CHECK(found == voxels::In(added, Coord3D(voxel.i, voxel.j, voxel.k)));
+    FUZZ_CHECK(found == voxels::In(content, Coord3D(voxel.i, voxel.j, voxel.k)));
   }
   const Coord3D centre = input.Next<Coord3D>();
   const Coord3D half = input.Next<Coord3D>();
-  const voxels::IDs wanted = voxels::In(added, Between(index, centre - half, centre + half));
+  const voxels::IDs wanted = voxels::In(content, Between(index, centre - half, centre + half));
   voxels::IDs near;
   FUZZ_CHECK(index.CollectIDsNear(near, centre, half.x, half.y, half.z) == !wanted.empty());
   FUZZ_CHECK(near == wanted);

@@ -1,31 +1,47 @@
 #pragma once
 
-// What a voxel index has to answer, from a list of all that was added to it.
+// What a voxel index has to answer: a map of the sets of its voxels.
 
+#include <map>
 #include <set>
-#include <utility>
-#include <vector>
 
 #include "zyl/geometry/extent.h"
 #include "zyl/geometry/voxelation.h"
 
 namespace voxels {
 
-using IDs = std::set<zyl::geometry::int64>;
+using zyl::geometry::Coord3D;
+using zyl::geometry::Extent;
+using zyl::geometry::int64;
 
-/// The voxels from the lowest to the highest indices in a box, and what was added to them. There
-/// are none in an inverted box.
-using Added = std::vector<std::pair<zyl::geometry::Extent, zyl::geometry::int64>>;
+using IDs = std::set<int64>;
+using Content = std::map<Coord3D, IDs>;  // by the indices of a voxel
 
-inline IDs In(const Added& added, const zyl::geometry::Extent& voxels) {
-  IDs ids;
-  for (auto [where, id] : added) {
-    const zyl::geometry::Coord3D low = where.min.maximum(voxels.min);
-    const zyl::geometry::Coord3D high = where.max.minimum(voxels.max);
-    if (low.x <= high.x && low.y <= high.y && low.z <= high.z) {
-      ids.insert(id);
+/// Visits the voxels from the lowest to the highest indices in a box. There are none in an inverted
+/// box.
+template <class Visit>
+void ForEachVoxel(const Extent& voxels, Visit visit) {
+  for (double i = voxels.min.x; i <= voxels.max.x; ++i) {
+    for (double j = voxels.min.y; j <= voxels.max.y; ++j) {
+      for (double k = voxels.min.z; k <= voxels.max.z; ++k) {
+        visit(Coord3D(i, j, k));
+      }
     }
   }
+}
+
+inline void Add(Content& content, const Extent& voxels, int64 id) {
+  ForEachVoxel(voxels, [&](const Coord3D& voxel) { content[voxel].insert(id); });
+}
+
+inline IDs In(const Content& content, const Extent& voxels) {
+  IDs ids;
+  ForEachVoxel(voxels, [&](const Coord3D& voxel) {
+    const auto found = content.find(voxel);
+    if (found != content.end()) {
+      ids.insert(found->second.begin(), found->second.end());
+    }
+  });
   return ids;
 }
 

@@ -202,7 +202,7 @@ Extent VoxelsOf(const Extent& box) {
 }
 
 // Three ways to add identifiers to the voxels of a region, and three to collect them.
-TEST(Voxelation, AgreesWithAListOfAllThatWasAdded) {
+TEST(Voxelation, AgreesWithAMapOfSets) {
   std::mt19937_64 random(30);
   const auto draw = [&random](int low, int high) {
     return std::uniform_int_distribution<int>(low, high)(random);
@@ -211,14 +211,14 @@ TEST(Voxelation, AgreesWithAListOfAllThatWasAdded) {
     return Coord3D(draw(low, high), draw(low, high), draw(low, high));
   };
   Voxelation grid(Coord3D(0, 0, 0), Coord3D(8, 8, 8), 8, 8, 8);
-  voxels::Added added;
+  voxels::Content content;
   constexpr int64 kExtremes[] = {std::numeric_limits<int64>::min(),
                                  std::numeric_limits<int64>::max(), 0, 1, -1};
   for (int step = 0; step < 6000; ++step) {
     SCOPED_TRACE(testing::Message() << "seed 30, step " << step);
     if (step % 500 == 0) {
       ASSERT_TRUE(grid.Clear());
-      added.clear();
+      content.clear();
     }
     const int64 id = draw(0, 9) == 0 ? kExtremes[draw(0, 4)] : draw(-100, 400);
     const Coord3D a = point(-4, 20) * 0.5, half = point(-1, 4);
@@ -243,9 +243,9 @@ TEST(Voxelation, AgreesWithAListOfAllThatWasAdded) {
     const auto& [range, operation] = operations[number];
     const bool answer = operation();
     if (number < 3) {
-      added.emplace_back(range, id);
+      voxels::Add(content, range, id);
     } else {
-      expected.merge(voxels::In(added, range));
+      expected.merge(voxels::In(content, range));
     }
     ASSERT_EQ(ids, expected);
     ASSERT_EQ(answer, number < 3 || !expected.empty());
