@@ -83,6 +83,22 @@ TEST(IsPointInside, AnswersForCoordinatesOfAnySize) {
   }
 }
 
+// Its tip is a vertex.
+TEST(IsPointInside, ASpikeThatRunsBackOnItselfEnclosesNothing) {
+  ExpectPlaces(OnTheGround({{0, 0}, {4, 0}, {4, 2}, {9, 2}, {4, 2}, {4, 4}, {0, 4}}, 1),
+               {{9, 2, 0}, {4, 1, 0}}, {{6, 2, 0}, {4.5, 1.9, 0}});
+}
+
+// The chords come as near as 1000·(1 - cos(π/20000)) = 1.2e-5 to the circle.
+TEST(IsPointInside, DecidesOnACircleOfManyVertices) {
+  const Polyline3D circle =
+      OnTheGround(Generate(20000, [](int i) { return Polar(1000, kTurn * i / 20000); }), 1);
+  for (const double angle : {0.3, 2.0, 4.4}) {
+    const Point2 in = Polar(1000 - 2e-5, angle), out = Polar(1000 + 1e-6, angle);
+    ExpectPlaces(circle, {{in[0], in[1], 40}}, {{out[0], out[1], 40}});
+  }
+}
+
 // Along an edge of 500 m in project coordinates, from a nanometre to a millimetre beside it.
 TEST(IsPointInside, KnowsAnEdgeFromWhatIsBesideIt) {
   const double x = 450560, y = 6500000;

@@ -42,6 +42,22 @@ inline Ring2 Concave(int n, std::mt19937_64& random) {
   return Generate(n, [&](int i) { return Polar(Uniform(random, 0.3, 1), kTurn * i / n); });
 }
 
+// Out along a spiral of nearly three turns, and back between them.
+inline Ring2 Spiral(int n, std::mt19937_64&) {
+  const int out = n / 2;
+  return Generate(n, [&](int i) {
+    const double along = i < out ? 1.0 * i / out : 1.0 * (n - 1 - i) / (n - out);
+    return Polar((i < out ? 0.3 : 0.15) + 0.7 * along, kTurn * 2.9 * along);
+  });
+}
+
+// A back at y = 0 and teeth up to y = 1.
+inline Ring2 Comb(int n, std::mt19937_64&) {
+  return Generate(n, [&](int i) {
+    return i < 2 ? Point2{1.0 - i, 0} : Point2{(i - 2.0) / (n - 2), i % 2 == 0 ? 0.1 : 1};
+  });
+}
+
 // A thousand times as long as wide, with uneven sides.
 inline Ring2 Sliver(int n, std::mt19937_64& random) {
   const int lower = n / 2;

@@ -70,12 +70,15 @@ TEST(Delaunay, PassesTheVerifier) {
   };
   const std::pair<const char*, Points> shapes[] = {
       {"uniform", Generate(20000, [&](int) { return At(unit(), unit()); })},
+      {"gaussian", Generate(20000, [&](int) { return At(bell(), bell()); })},
       {"grid in project coordinates",
        Generate(3600, [](int i) { return At(450000.1 + i % 60, 6500000.1 + i / 60); })},
       // Every four of them decide on a few last bits.
       {"circle", Generate(4000, [](int i) { return Polar(1000, 2e-3 * i); })},
       {"circle and its centre", Generate(500, [](int i) { return Polar(i != 0, 0.01 * i); })},
       {"clusters of very different size", Generate(9000, cluster)},
+      {"ten points for every place",
+       Generate(10000, [&](int) { return At(std::floor(32 * unit()), std::floor(32 * unit())); })},
       {"beside a line, at 1e4", Generate(3000, besideLine)},
       {"columns", Generate(4000, [&](int i) { return At(i % 4, unit()); })},
       {"rows", Generate(4000, [&](int i) { return At(unit(), i % 4); })},

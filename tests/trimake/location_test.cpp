@@ -191,10 +191,9 @@ TEST(Location, AgreesWithTheEvenOddRule) {
     Ring2 (*make)(int, std::mt19937_64&);
     int largest;
     double height;
-  } shapes[] = {{"convex", rings::Convex, 20000, 1},
-                {"concave", rings::Concave, 20000, 1},
-                {"sliver", rings::Sliver, 20000, 1e-3},
-                {"star", rings::Star, 100, 1}};
+  } shapes[] = {{"convex", rings::Convex, 20000, 1},    {"concave", rings::Concave, 20000, 1},
+                {"spiral", rings::Spiral, 20000, 1},    {"comb", rings::Comb, 20000, 1},
+                {"sliver", rings::Sliver, 20000, 1e-3}, {"star", rings::Star, 100, 1}};
   std::mt19937_64 random(42);
   for (const auto& [name, make, largest, height] : shapes) {
     for (const int n : {3, 4, 5, 7, 10, 30, 100, 1000, 20000}) {
