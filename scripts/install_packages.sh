@@ -8,7 +8,8 @@ set -eu
 packages_of() {
   case $1 in
     build) echo g++ cmake make libtbb-dev ;;
-    test) echo "$(packages_of build)" libgtest-dev libgmp-dev pkg-config dpkg-dev file ;;
+    test) echo "$(packages_of build)" libgtest-dev libgmp-dev libxml2-utils pkg-config dpkg-dev \
+      file ;;
     check)
       echo clang clang-format clang-tidy libclang-rt-dev llvm valgrind g++-mingw-w64-i686-posix \
         g++-multilib libgtest-dev:i386 libgmp-dev:i386
