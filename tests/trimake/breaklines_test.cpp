@@ -184,7 +184,7 @@ void CheckSpikes(std::uint64_t seed) {
 }
 
 TEST(Breaklines, SpikesThatRunBackOnThemselvesLoseNoSegment) {
-  for (const std::uint64_t seed : {11, 102, 112, 138}) {
+  for (const unsigned seed : {11u, 102u, 112u, 138u}) {
     CheckSpikes(seed);
   }
 }
