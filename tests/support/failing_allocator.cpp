@@ -64,7 +64,6 @@ void __wrap_free(void* block) {
   __real_free(block);
 }
 
-// The other forms of new and delete end in these.
 void* operator new(std::size_t size) {
   void* const block = __wrap_malloc(size);
   if (block == nullptr) {
@@ -74,6 +73,11 @@ void* operator new(std::size_t size) {
 }
 void operator delete(void* block) noexcept { __wrap_free(block); }
 void operator delete(void* block, std::size_t) noexcept { __wrap_free(block); }
+
+// A sanitizer has forms for arrays of its own, which do not end in these.
+void* operator new[](std::size_t size) { return operator new(size); }
+void operator delete[](void* block) noexcept { operator delete(block); }
+void operator delete[](void* block, std::size_t) noexcept { operator delete(block); }
 
 namespace faults {
 
